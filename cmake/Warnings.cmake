@@ -1,0 +1,15 @@
+# Warnings are errors in every build, and the sanitizers are a choice of the whole build.
+
+add_compile_options(
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+  $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast> $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>
+  $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>
+  -Werror)
+
+# GCC 12 takes appended strings for overlapping ones when it optimises.
+add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+
+if(TABULORIX_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
