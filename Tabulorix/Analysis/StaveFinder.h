@@ -1,0 +1,24 @@
+// Decides which lines of a text are tab and groups them into staves.
+//
+// A line with two dashes is a candidate. A run of consecutive candidates is trimmed at both ends of
+// lines that only look like tab; what is left of it, when it is four lines or more, becomes a stave
+// for every six lines.
+
+#pragma once
+
+#include <vector>
+
+#include "TabStave.h"
+#include "TabText.h"
+
+namespace tabulorix {
+
+struct FoundStaves {
+    TabStaves m_Staves;           // top to bottom, with their bars and tunings
+    std::vector<int> m_TabLines;  // the lines of the staves, ascending
+};
+
+// Dropped lines and runs are reported as messages to the text's output, run by run from the top.
+FoundStaves FindStaves(const TabText& text);
+
+}  // namespace tabulorix
