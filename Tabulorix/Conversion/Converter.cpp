@@ -1,0 +1,61 @@
+#include "Converter.h"
+
+#include "FileSystem.h"
+#include "ScoreGeneration.h"
+#include "ScoreTemplate.h"
+#include "TabAnalysis.h"
+
+namespace tabulorix {
+
+namespace {
+
+// The steps of the progress display, in percent.
+constexpr int kTextRead = 0;
+constexpr int kTextAnalysed = 10;
+constexpr int kScorePrepared = 20;
+constexpr int kScoreGenerated = 80;
+
+RhythmSource GetRhythmSource(const ScoreGeneration& generation) {
+    if (generation.HasIndicatedRhythms()) {
+        return generation.HasSpacedRhythms() ? RhythmSource::RhythmLineAndSpacing
+                                             : RhythmSource::RhythmLine;
+    }
+    return generation.HasSpacedRhythms() ? RhythmSource::Spacing : RhythmSource::NotShown;
+}
+
+// Nobody may be given half a score.
+void WriteScore(const TreeNode& document, const STR& scorePath) {
+    const FileResult written = document.WriteToFile(scorePath);
+    if (!written) {
+        RemoveFile(scorePath);
+        RecordThrowLocation("Converter", __LINE__);
+        throw FileSaveFailedException(STR("Could not write the score file ") + scorePath + ": " +
+                                      written.m_Error);
+    }
+}
+
+}  // namespace
+
+bool Converter::Convert(const STR& inputPath, TreeNode& document, const STR& scorePath) {
+    return ConvertText(ReadWholeFile(inputPath).m_Bytes, document, scorePath);
+}
+
+bool Converter::ConvertText(std::string_view bytes, TreeNode& document, const STR& scorePath) {
+    const TabText text(bytes, m_Output);
+    m_Output.SetProgress(kTextRead, {});
+    const TabAnalysis analysis(text);
+    m_Output.SetProgress(kTextAnalysed, {});
+    if (GetMusic(document) == nullptr) {
+        return true;
+    }
+    m_Output.SetProgress(kScorePrepared, {});
+    ScoreGeneration generation(analysis, m_Level, m_Output);
+    const bool hasBars = generation.GenerateScore(document);
+    m_Summary = {generation.IsBass(), static_cast<int>(analysis.GetStaves().size()),
+                 generation.GetBarCount(), generation.GetNoteCount(), GetRhythmSource(generation)};
+    m_Output.SetProgress(kScoreGenerated, {});
+    WriteScore(document, scorePath);
+    return hasBars;
+}
+
+}  // namespace tabulorix

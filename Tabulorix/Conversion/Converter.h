@@ -1,0 +1,53 @@
+// The whole way from a tablature file to a score file.
+
+#pragma once
+
+#include <string_view>
+
+#include "PluginOutput.h"
+#include "RhythmLevel.h"
+#include "STR.h"
+#include "TreeNode.h"
+
+namespace tabulorix {
+
+// Where the rhythms of a score come from.
+enum class RhythmSource { NotShown, RhythmLine, Spacing, RhythmLineAndSpacing };
+
+// What a conversion found, for a line to the user.
+struct ConversionSummary {
+    bool m_IsBass = false;
+    int m_StaveCount = 0;  // of the tab; the score has one stave
+    int m_BarCount = 0;    // of the score
+    int m_NoteCount = 0;   // tied notes count once
+    RhythmSource m_RhythmSource = RhythmSource::NotShown;
+};
+
+class Converter {
+public:
+    // The output must outlive the converter. It receives the progress (0, 10, 20 to 80 percent,
+    // with empty captions) and the messages about dropped lines.
+    Converter(PluginOutput& output, RhythmLevel level) : m_Output(output), m_Level(level) {}
+
+    // Converts the file at `inputPath` into the blank score `document` and writes that to
+    // `scorePath`, also when the tab has no bars. True when it has some, and also, with nothing
+    // written, when the document has no place for music.
+    //
+    // A file that cannot be opened reads as an empty text. Throws ConverterCancelled when the user
+    // cancels, and FileSaveFailedException when the score cannot be written completely; an
+    // incomplete file is removed before.
+    bool Convert(const STR& inputPath, TreeNode& document, const STR& scorePath);
+
+    // The same for text that is in memory already, byte for byte as in a file.
+    bool ConvertText(std::string_view bytes, TreeNode& document, const STR& scorePath);
+
+    // Of the last conversion that got as far as a score.
+    const ConversionSummary& GetSummary() const noexcept { return m_Summary; }
+
+private:
+    PluginOutput& m_Output;
+    RhythmLevel m_Level;
+    ConversionSummary m_Summary;
+};
+
+}  // namespace tabulorix
