@@ -1,0 +1,171 @@
+#include "Arguments.h"
+
+#include <algorithm>
+
+#include "FileSystem.h"
+
+namespace tabulorix {
+
+namespace {
+
+constexpr const char* kHelpText =
+    "Usage: tabulorix [options] FILE...\n"
+    "\n"
+    "Makes a notated score, NAME.vif, of each plain-text guitar or bass tab FILE, beside it.\n"
+    "FILE - is standard input, whose score goes to standard output.\n"
+    "\n"
+    "  -o, --output PATH   write the score to this file, or into this folder, which is made\n"
+    "                      when it is missing (several FILEs: always a folder); - is standard\n"
+    "                      output. In a folder the score of standard input is stdin.vif.\n"
+    "  --rhythm LEVEL      never: notes without rhythms\n"
+    "                      indicated: rhythms only when the tab shows them (the default)\n"
+    "                      always: rhythms from the spacing when the tab shows none\n"
+    "  --quiet             print nothing but errors\n"
+    "  --version           print the version and end\n"
+    "  --help              print this text and end\n"
+    "  --                  what follows are FILEs\n"
+    "\n"
+    "Exit status: 0 every FILE was converted, 1 at least one was not, 2 wrong usage.\n";
+
+class ArgumentReader {
+public:
+    // The first text is the program's own name.
+    ArgumentReader(int count, const char* const* texts)
+        : m_Next(texts + std::min(count, 1)), m_End(texts + count) {}
+
+    Arguments Read();
+
+private:
+    // An option as it was written, cut at its value.
+    struct Option {
+        std::string_view m_Name;
+        std::string_view m_Value;
+        bool m_HasValue;
+    };
+
+    static Option Split(std::string_view text);
+    void ReadOption(Option option);
+    void ReadRhythmLevel(std::string_view name);
+    // The value in the same argument, or the next argument. False with the problem set when there
+    // is none.
+    bool TakeValue(Option& option);
+    void CheckFiles();
+    void Complain(const STR& problem) { m_Result.m_Problem = problem; }
+    bool IsDone() const {
+        return !m_Result.m_Problem.IsEmpty() || m_Result.m_Request != Arguments::Request::Convert;
+    }
+
+    const char* const* m_Next;
+    const char* const* m_End;
+    Arguments m_Result;
+};
+
+bool CanBeFolder(const STR& output) {
+    const PathKind kind = GetPathKind(output);
+    return output != kStandardStream && (kind == PathKind::Folder || kind == PathKind::Nothing);
+}
+
+STR Quoted(std::string_view text) {
+    return STR("\"") + text + "\"";
+}
+
+ArgumentReader::Option ArgumentReader::Split(std::string_view text) {
+    if (text.starts_with("--")) {
+        const std::size_t sign = text.find('=');
+        if (sign != std::string_view::npos) {
+            return {text.substr(0, sign), text.substr(sign + 1), true};
+        }
+    } else if (text.starts_with("-o") && text.size() > 2) {
+        return {text.substr(0, 2), text.substr(2), true};
+    }
+    return {text, {}, false};
+}
+
+bool ArgumentReader::TakeValue(Option& option) {
+    if (!option.m_HasValue && m_Next != m_End) {
+        option.m_Value = *m_Next++;
+    }
+    if (option.m_Value.empty()) {
+        Complain(STR(option.m_Name) + " needs a value");
+        return false;
+    }
+    return true;
+}
+
+void ArgumentReader::ReadRhythmLevel(std::string_view name) {
+    if (name == "never") {
+        m_Result.m_RhythmLevel = RhythmLevel::Never;
+    } else if (name == "indicated") {
+        m_Result.m_RhythmLevel = RhythmLevel::WhenIndicated;
+    } else if (name == "always") {
+        m_Result.m_RhythmLevel = RhythmLevel::Always;
+    } else {
+        Complain(STR("--rhythm is never, indicated or always, not ") + Quoted(name));
+    }
+}
+
+void ArgumentReader::ReadOption(Option option) {
+    const std::string_view name = option.m_Name;
+    if (name == "-o" || name == "--output") {
+        if (TakeValue(option)) {
+            m_Result.m_Output = option.m_Value;
+        }
+    } else if (name == "--rhythm") {
+        if (TakeValue(option)) {
+            ReadRhythmLevel(option.m_Value);
+        }
+    } else if (name != "--quiet" && name != "--version" && name != "--help") {
+        Complain(STR("there is no option ") + Quoted(name));
+    } else if (option.m_HasValue) {
+        Complain(STR(name) + " takes no value");
+    } else if (name == "--quiet") {
+        m_Result.m_IsQuiet = true;
+    } else {
+        m_Result.m_Request =
+            name == "--help" ? Arguments::Request::ShowHelp : Arguments::Request::ShowVersion;
+    }
+}
+
+void ArgumentReader::CheckFiles() {
+    const std::vector<STR>& files = m_Result.m_Files;
+    if (files.empty()) {
+        Complain("no file is named");
+    } else if (std::any_of(files.begin(), files.end(), [](const STR& f) { return f.IsEmpty(); })) {
+        Complain("a file name is empty");
+    } else if (std::count(files.begin(), files.end(), STR(kStandardStream)) > 1) {
+        Complain("standard input can be named once only");
+    } else if (files.size() > 1 && !CanBeFolder(m_Result.m_Output)) {
+        Complain(STR("the output of several files must be a folder, not ") +
+                 Quoted(m_Result.m_Output));
+    }
+}
+
+Arguments ArgumentReader::Read() {
+    bool areOptionsOver = false;
+    while (m_Next != m_End && !IsDone()) {
+        const std::string_view text = *m_Next++;
+        if (areOptionsOver || text == kStandardStream || !text.starts_with('-')) {
+            m_Result.m_Files.emplace_back(text);
+        } else if (text == "--") {
+            areOptionsOver = true;
+        } else {
+            ReadOption(Split(text));
+        }
+    }
+    if (!IsDone()) {
+        CheckFiles();
+    }
+    return std::move(m_Result);
+}
+
+}  // namespace
+
+Arguments ReadArguments(int count, const char* const* texts) {
+    return ArgumentReader(count, texts).Read();
+}
+
+const char* GetHelpText() noexcept {
+    return kHelpText;
+}
+
+}  // namespace tabulorix

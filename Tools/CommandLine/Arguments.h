@@ -1,0 +1,34 @@
+// What the user asks for on the command line.
+
+#pragma once
+
+#include <vector>
+
+#include "RhythmLevel.h"
+#include "STR.h"
+
+namespace tabulorix {
+
+// Stands for standard input among the files, and for standard output as the output.
+constexpr const char* kStandardStream = "-";
+
+struct Arguments {
+    enum class Request { Convert, ShowHelp, ShowVersion };
+
+    Request m_Request = Request::Convert;
+    std::vector<STR> m_Files;
+    STR m_Output;  // a file, a folder or "-"; empty when each score goes beside its file
+    RhythmLevel m_RhythmLevel = RhythmLevel::WhenIndicated;
+    bool m_IsQuiet = false;
+    // What is wrong, for the user; empty when everything can be done as asked.
+    STR m_Problem;
+};
+
+// Options and files in any order; the last of contradicting options counts. Looks at the file
+// system only to tell whether the output of several files is a folder.
+Arguments ReadArguments(int count, const char* const* texts);
+
+// With the line end.
+const char* GetHelpText() noexcept;
+
+}  // namespace tabulorix

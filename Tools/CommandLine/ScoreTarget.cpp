@@ -1,0 +1,47 @@
+#include "ScoreTarget.h"
+
+#include "FileName.h"
+#include "FileSystem.h"
+
+namespace tabulorix {
+
+namespace {
+
+constexpr const char* kScoreExtension = "vif";
+constexpr const char* kNameOfStandardInput = "stdin";
+
+// The folder that the scores go into; empty when none was named.
+STR ChooseFolder(const Arguments& arguments) {
+    const STR& output = arguments.m_Output;
+    const bool isFolder = !output.IsEmpty() &&
+                          (arguments.m_Files.size() > 1 || IsPathSeparator(output.View().back()) ||
+                           GetPathKind(output) == PathKind::Folder);
+    return isFolder ? output : STR();
+}
+
+STR ChoosePath(const STR& folder, const Arguments& arguments, const STR& file) {
+    if (!folder.IsEmpty()) {
+        const STR name =
+            file == kStandardStream ? STR(kNameOfStandardInput) : STR(GetLastPart(file));
+        return JoinPath(folder, ReplaceExtension(name, kScoreExtension));
+    }
+    return arguments.m_Output.IsEmpty() ? ReplaceExtension(file, kScoreExtension)
+                                        : arguments.m_Output;
+}
+
+}  // namespace
+
+ScoreTarget ChooseScoreTarget(const Arguments& arguments, const STR& file) {
+    const STR& output = arguments.m_Output;
+    if (output == kStandardStream || (output.IsEmpty() && file == kStandardStream)) {
+        return {ScoreTarget::Kind::StandardOutput, "standard output", {}, {}};
+    }
+    const STR folder = ChooseFolder(arguments);
+    const STR path = ChoosePath(folder, arguments, file);
+    if (GetPathKind(path) == PathKind::Device) {
+        return {ScoreTarget::Kind::Stream, path, path, {}};
+    }
+    return {ScoreTarget::Kind::File, path, ResolveLinks(path), folder};
+}
+
+}  // namespace tabulorix

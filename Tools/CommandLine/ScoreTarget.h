@@ -1,0 +1,26 @@
+// Where the score of one input goes.
+
+#pragma once
+
+#include "Arguments.h"
+#include "STR.h"
+
+namespace tabulorix {
+
+struct ScoreTarget {
+    // File: the score replaces what is there, or is new. Stream: a device or pipe, which nothing
+    // can replace, so the score is written into it.
+    enum class Kind { File, Stream, StandardOutput };
+
+    Kind m_Kind;
+    STR m_ShownName;
+    // The file itself behind links; the stream's path. Empty for standard output.
+    STR m_Path;
+    // The folder that the scores go into, to be made when it is missing; empty when none was named.
+    STR m_Folder;
+};
+
+// `file` is one of the arguments' files. A folder is never given back: writing to it fails.
+ScoreTarget ChooseScoreTarget(const Arguments& arguments, const STR& file);
+
+}  // namespace tabulorix
