@@ -6,6 +6,7 @@
 #pragma once
 
 #include <new>
+#include <utility>
 
 #include "STR.h"
 
@@ -25,7 +26,7 @@ ThrowLocation GetLastThrowLocation() noexcept;
 class Exception {
 public:
     Exception() noexcept = default;
-    explicit Exception(STR message) noexcept : m_Message(static_cast<STR&&>(message)) {}
+    explicit Exception(STR message) noexcept : m_Message(std::move(message)) {}
     Exception(const Exception&) noexcept = default;
     Exception& operator=(const Exception&) noexcept = default;
     virtual ~Exception() = default;

@@ -31,7 +31,7 @@ public:
     STR GetNameWithExtension() const { return GetLastPart(m_Path); }
     FileName WithExtension(const STR& extension) const;
 
-    // True for a file, false for a folder or nothing.
+    // True for a file or a device, false for a folder or nothing.
     bool Exists() const;
     // Nothing happens for an empty path or a missing file.
     void Delete() const;

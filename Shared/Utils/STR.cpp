@@ -1,5 +1,6 @@
 #include "STR.h"
 
+#include <algorithm>
 #include <charconv>
 #include <climits>
 #include <cstring>
@@ -145,7 +146,8 @@ STR& STR::operator+=(std::string_view tail) {
     if (m_Buffer->m_Count > 1 || needed > static_cast<std::size_t>(m_Buffer->m_Capacity)) {
         // A text that grows doubles, so that appending piece by piece stays cheap. The old buffer
         // is kept until the tail is copied, because the tail may be a part of it.
-        Buffer* grown = NewBuffer(length == 0 ? needed : needed + needed / 2);
+        const std::size_t reserve = length == 0 ? 0 : needed / 2;
+        Buffer* grown = NewBuffer(std::max(needed, std::min(needed + reserve, kLongestText)));
         std::memcpy(grown->Characters(), GetText(), length);
         std::memcpy(grown->Characters() + length, tail.data(), tail.size());
         Release();

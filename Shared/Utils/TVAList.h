@@ -21,6 +21,7 @@ class TVAList {
     static_assert(std::is_trivially_copyable_v<T>, "entries are moved by copying their bytes");
 
 public:
+    // `growStep` is above 0.
     explicit TVAList(int growStep = 4) noexcept : m_GrowStep(growStep) {}
     TVAList(TVAList&& other) noexcept : TVAList(other.m_GrowStep) { Swap(other); }
     TVAList& operator=(TVAList&& other) noexcept {
@@ -50,7 +51,7 @@ public:
         m_Data[m_Count++] = value;
     }
 
-    // Appends all the values or, when that fails, none.
+    // Appends all the values or, when that fails, none. They do not lie in this list.
     void Append(const T* values, int count) {
         if (count > m_Capacity - m_Count) {
             Grow(count);

@@ -73,8 +73,8 @@ public:
     TreeNode* AppendChild(std::unique_ptr<TreeNode> child);
     // Adds all the nodes at the end and owns them from then on; none when it throws.
     void AppendChildren(std::span<TreeNode* const> children);
-    // A child with the same label takes over the new node's text and children; without one the new
-    // node is appended.
+    // `child` is not null. A child with the same label takes over the new node's text and children;
+    // without one the new node is appended.
     void ReplaceOrAppendChild(std::unique_ptr<TreeNode> child);
 
     // The values of the first child with this label, or the default when there is none. The text is

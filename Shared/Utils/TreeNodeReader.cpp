@@ -316,7 +316,8 @@ std::unique_ptr<TreeNode> TreeNodeReader::ReadUtf16(bool isBigEndian) const {
     return parser.TakeTree();
 }
 
-// The binary form is known by its head only: no file that this program reads has it.
+// The binary form is known by its head only, and to this reader nothing follows the head: no file
+// that the program reads has that form.
 void TreeNodeReader::RejectBinary() const {
     const char version = m_Bytes.size() > 1 ? m_Bytes[1] : '\0';
     if (version != 1 && version != 2) {

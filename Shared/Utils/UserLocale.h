@@ -6,7 +6,8 @@
 
 namespace tabulorix {
 
-// Equality ignoring case in the user's default locale.
+// Equality ignoring case: in the user's default locale where the system has one, otherwise in the
+// locale that the program has set.
 bool EqualsIgnoringCaseInLocale(std::string_view left, std::string_view right);
 
 // One UTF-16 unit in the 8-bit code page of the system.

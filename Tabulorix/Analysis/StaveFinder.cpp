@@ -62,8 +62,8 @@ std::unique_ptr<TabStave> MakeStave(const TabText& text, int firstLine, int line
     return stave;
 }
 
-// Every stave of a long run takes all the lines that remain, not just its six: a seventh string is
-// then read with the six above it.
+// Every stave of a long run takes all the lines that remain, not just its six, so that a seventh
+// string is read with the six above it. The lines below the sixth are then in several staves.
 void CutIntoStaves(const TabText& text, const LineRange& run, FoundStaves& found) {
     for (int offset = 0; offset < run.m_Count; offset += kLinesPerStave) {
         found.m_Staves.push_back(MakeStave(text, run.m_First + offset, run.m_Count - offset));

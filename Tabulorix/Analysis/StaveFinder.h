@@ -1,8 +1,8 @@
 // Decides which lines of a text are tab and groups them into staves.
 //
 // A line with two dashes is a candidate. A run of consecutive candidates is trimmed at both ends of
-// lines that only look like tab; what is left of it, when it is four lines or more, becomes a stave
-// for every six lines.
+// lines that only look like tab; what is left of it, when it is four lines or more, becomes a
+// stave, or one every six lines, each of which takes all the lines that remain.
 
 #pragma once
 

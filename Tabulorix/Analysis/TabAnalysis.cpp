@@ -23,8 +23,8 @@ bool TabAnalysis::IsInStave(int line) const noexcept {
 }
 
 bool TabAnalysis::IsInTimeSignature(int line, int column) const noexcept {
-    // Marks on one line overlap by a digit at most ("1/2/4"), so it is the first that ends at or
-    // behind the column, or none.
+    // Marks on one line may share digits ("1/2/4"), but they start and end in the same order, so it
+    // is the first that ends at or behind the column, or none.
     const auto it = std::lower_bound(
         m_TimeSignatures.begin(), m_TimeSignatures.end(), column, [line](const auto& mark, int c) {
             return mark->m_Line < line || (mark->m_Line == line && mark->m_EndColumn < c);

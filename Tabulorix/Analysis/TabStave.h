@@ -83,7 +83,8 @@ using TimeSignatureMarks = std::vector<std::unique_ptr<TimeSignatureMark>>;
 using Riffs = std::vector<std::unique_ptr<Riff>>;
 
 // The first line that can belong to what stands above stave `index`: the line behind the stave
-// before it, or line 0. There is no such line when it is not above the first line of the stave.
+// before it, or line 0. At or below the stave's own first line when the two overlap: then nothing
+// stands between them.
 inline int GetFirstLineAbove(const TabStaves& staves, std::size_t index) noexcept {
     return index == 0 ? 0 : staves[index - 1]->GetEndLine();
 }

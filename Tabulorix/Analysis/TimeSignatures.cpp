@@ -26,14 +26,18 @@ std::unique_ptr<TimeSignatureMark> ReadMark(const TabText& text, int line, int s
     if (!IsDigit(before) || !IsDigit(behind)) {
         return nullptr;
     }
-    TimeSignatureMark mark{
-        line, slash, slash - 1, slash + 1, DigitValue(before), DigitValue(behind)};
+    TimeSignatureMark mark{.m_Line = line,
+                           .m_SlashColumn = slash,
+                           .m_StartColumn = slash - 1,
+                           .m_EndColumn = slash + 1,
+                           .m_Numerator = DigitValue(before),
+                           .m_Denominator = DigitValue(behind)};
     if (const char tens = text.GetChar(line, slash - 2); IsDigit(tens)) {
         mark.m_Numerator += 10 * DigitValue(tens);
         mark.m_StartColumn = slash - 2;
     }
-    // The second digit counts as the tens, so that 6/16 is 6 over 61 and no time signature: in tabs
-    // such fractions are dates, pages and repeat counts far more often.
+    // The second digit counts as the tens: 6/16 is 6 over 61, so dates and page numbers of two
+    // digits are no time signatures.
     if (const char tens = text.GetChar(line, slash + 2); IsDigit(tens)) {
         mark.m_Denominator += 10 * DigitValue(tens);
         mark.m_EndColumn = slash + 2;

@@ -41,6 +41,15 @@ bool Converter::Convert(const STR& inputPath, TreeNode& document, const STR& sco
 }
 
 bool Converter::ConvertText(std::string_view bytes, TreeNode& document, const STR& scorePath) {
+    const bool result = FillScore(bytes, document);
+    if (GetMusic(document) != nullptr) {
+        WriteScore(document, scorePath);
+    }
+    return result;
+}
+
+bool Converter::FillScore(std::string_view bytes, TreeNode& document) {
+    m_Summary = {};
     const TabText text(bytes, m_Output);
     m_Output.SetProgress(kTextRead, {});
     const TabAnalysis analysis(text);
@@ -51,10 +60,12 @@ bool Converter::ConvertText(std::string_view bytes, TreeNode& document, const ST
     m_Output.SetProgress(kScorePrepared, {});
     ScoreGeneration generation(analysis, m_Level, m_Output);
     const bool hasBars = generation.GenerateScore(document);
-    m_Summary = {generation.IsBass(), static_cast<int>(analysis.GetStaves().size()),
-                 generation.GetBarCount(), generation.GetNoteCount(), GetRhythmSource(generation)};
+    m_Summary = {.m_IsBass = generation.IsBass(),
+                 .m_StaveCount = static_cast<int>(analysis.GetStaves().size()),
+                 .m_BarCount = generation.GetBarCount(),
+                 .m_NoteCount = generation.GetNoteCount(),
+                 .m_RhythmSource = GetRhythmSource(generation)};
     m_Output.SetProgress(kScoreGenerated, {});
-    WriteScore(document, scorePath);
     return hasBars;
 }
 

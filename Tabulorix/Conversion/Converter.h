@@ -40,8 +40,10 @@ public:
 
     // The same for text that is in memory already, byte for byte as in a file.
     bool ConvertText(std::string_view bytes, TreeNode& document, const STR& scorePath);
+    // The same without writing the score: the document is filled only.
+    bool FillScore(std::string_view bytes, TreeNode& document);
 
-    // Of the last conversion that got as far as a score.
+    // Of the last conversion; all zero when the document had no place for music.
     const ConversionSummary& GetSummary() const noexcept { return m_Summary; }
 
 private:

@@ -15,8 +15,8 @@ int GetDistance(const NoteEvent& event, const Chord& chord) {
     return std::abs(event.m_Column - chord.GetCentreColumn());
 }
 
-// The event at or behind the column or the one before it, whichever is nearer, the latter when both
-// are. Null without events.
+// The event at or behind the column or the one before it, whichever is nearer, the one before on a
+// tie. Null without events.
 NoteEvent* FindNearestEvent(NoteEvents& events, int column) {
     const auto behind = events.lower_bound(column);
     if (behind == events.begin()) {

@@ -2,7 +2,7 @@
 // is played to its notes' positions and lengths.
 //
 // Columns are relative to the bar's first column; times are ticks, 1024 to a whole note. The stages
-// fill it in a fixed order: FindRhythmIndication, PrepareEvents, AssignTimings, ReadChords,
+// fill it in a fixed order: FindRhythmIndication, PrepareEvents, AssignTimings, FindChords,
 // AttachChords.
 
 #pragma once

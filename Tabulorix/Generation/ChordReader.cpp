@@ -1,6 +1,8 @@
 #include "ChordReader.h"
 
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "Ascii.h"
 
@@ -27,22 +29,22 @@ class Reader {
 public:
     explicit Reader(std::string_view columns) : m_Columns(columns) {}
 
-    // False when no root letter is left.
-    bool ReadNext(Chord& chord) {
+    // Nothing when no root letter is left.
+    std::optional<Chord> ReadNext() {
         while (!AtEnd() && !IsChordRoot(Current())) {
             ++m_Cursor;
         }
         if (AtEnd()) {
-            return false;
+            return std::nullopt;
         }
-        chord = Chord();
+        Chord chord;
         chord.m_StartColumn = static_cast<int>(m_Cursor);
         chord.m_Root = ReadPitchName();
         m_End = m_Cursor;
         ReadSuffix(chord);
         m_Cursor = m_End;
         chord.m_EndColumn = static_cast<int>(m_End);
-        return true;
+        return chord;
     }
 
 private:
@@ -117,8 +119,8 @@ private:
 std::vector<Chord> ReadChords(std::string_view columns) {
     std::vector<Chord> chords;
     Reader reader(columns);
-    for (Chord chord; reader.ReadNext(chord);) {
-        chords.push_back(chord);
+    while (std::optional<Chord> chord = reader.ReadNext()) {
+        chords.push_back(std::move(*chord));
     }
     return chords;
 }

@@ -2,6 +2,7 @@
 
 #include <bit>
 
+#include "Arithmetic.h"
 #include "NoteBuilders.h"
 #include "ScoreElements.h"
 #include "TextBuilders.h"
@@ -37,7 +38,7 @@ void WriteDuration(TreeNode& bar, const Duration& duration) {
         if (duration.m_Chord != nullptr && offset == duration.m_Offset) {
             AddText(items, offset, GetChordText(*duration.m_Chord), kTextStyleChordSymbol, false);
         }
-        offset += static_cast<int>(slice);
+        offset = SaturatingAdd(offset, static_cast<int>(slice));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "EventNotes.h"
 
 #include <array>
+#include <cstdint>
 #include <optional>
 
 #include "Arithmetic.h"

@@ -29,7 +29,7 @@ void AddEventsOfString(NoteEvents& events, const FretRuns& runs) {
         const int length = runs.GetLength(column);
         if (length == 0) {
             ++column;
-        } else if (!runs.IsFret(column)) {
+        } else if (!runs.IsOneFret(column)) {
             AddSingleColumnEvents(events, column, length);
             column += length;
         } else {

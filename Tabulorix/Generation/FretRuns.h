@@ -21,9 +21,9 @@ public:
     int GetColumnCount() const noexcept { return static_cast<int>(m_Runs.size()) - 1; }
     // How many columns the run goes on from this one; 0 when no fret character stands there.
     int GetLength(int column) const { return At(column).m_Length; }
-    // Whether its digits from this column on make a number up to the highest fret. An x is no
-    // digit.
-    bool IsFret(int column) const { return At(column).m_Value <= kHighestFret; }
+    // Whether the run's digits from this column on make one fret number. An x is no digit. Asked
+    // where a run is.
+    bool IsOneFret(int column) const { return At(column).m_Value <= kHighestFret; }
 
 private:
     struct Run {

@@ -1,3 +1,5 @@
+#include <cstdint>
+
 #include "Arithmetic.h"
 #include "RhythmStrategies.h"
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Arithmetic.h"
 #include "BarBuilders.h"
 #include "DurationWriter.h"
 #include "EventNotes.h"
@@ -22,12 +23,10 @@ public:
             return;
         }
         const int index = m_BarLength > 0 ? start / m_BarLength : 0;
+        duration.m_Offset = start - index * m_BarLength;
         if (static_cast<std::size_t>(index) >= m_Bars.size()) {
-            m_Bars.emplace_back();
-            m_Bars.back().push_back(std::move(duration));
-            m_Bars.back().back().m_Offset = start - index * m_BarLength;
+            m_Bars.emplace_back().push_back(std::move(duration));
         } else {
-            duration.m_Offset = start - index * m_BarLength;
             m_Bars[static_cast<std::size_t>(index)].push_back(std::move(duration));
         }
     }
@@ -69,7 +68,7 @@ ScoreBars CollectDurations(const TabText& text, const BarMusic& music) {
         const int length = group.m_Length;
         bars.AddRest(end, start);
         bars.Add(start, std::move(group));
-        end = start + length;
+        end = SaturatingAdd(start, length);
     }
     bars.AddRest(end, music.m_Length);
     return bars;

@@ -1,5 +1,7 @@
 #include "ScoreGeneration.h"
 
+#include <cstdint>
+
 #include "BarChords.h"
 #include "EventPreparation.h"
 #include "NoteOutput.h"
@@ -58,8 +60,10 @@ void ScoreGeneration::GenerateBar(const TabBar& bar, TreeNode& bars) {
     }
     const WrittenNotes written = WriteNotes(m_Tab.GetText(), music, bars);
     m_NoteCount += written.m_NoteCount;
-    m_ScoreBars.insert(m_ScoreBars.end(), static_cast<std::size_t>(written.m_BarCount),
-                       {&bar, music.m_Length, !music.m_Chords.empty()});
+    m_ScoreBars.insert(
+        m_ScoreBars.end(), static_cast<std::size_t>(written.m_BarCount),
+        ScoreBar{
+            .m_TabBar = &bar, .m_Length = music.m_Length, .m_HasChords = !music.m_Chords.empty()});
 }
 
 void ScoreGeneration::ReadMusic(BarMusic& music) const {

@@ -22,7 +22,7 @@ public:
     // 80 percent; ConverterCancelled passes through.
     bool GenerateScore(TreeNode& score);
 
-    // What the last call wrote.
+    // What it wrote.
     int GetBarCount() const noexcept { return static_cast<int>(m_ScoreBars.size()); }
     int GetNoteCount() const noexcept { return m_NoteCount; }
     bool IsBass() const noexcept;

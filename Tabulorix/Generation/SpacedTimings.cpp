@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstdint>
 
 #include "Arithmetic.h"
 #include "RhythmStrategies.h"
@@ -9,6 +10,8 @@ namespace {
 
 constexpr int kEighthTicks = 128;
 constexpr int kRoundTicks = 64;
+// As many events as sixteenths are all that a bar is taken to hold.
+constexpr int kShortestNoteTicks = 64;
 // An event in one of these columns stands at the bar's start: the bar then lasts from it on.
 constexpr int kStartColumns = 3;
 
@@ -19,7 +22,8 @@ int Round(int ticks) {
 // A tab without bar lines: more events than a bar can hold, in a stave with a single bar.
 bool IsUndivided(const BarMusic& music) {
     const auto eventCount = static_cast<std::int64_t>(music.m_Events.size());
-    return music.m_Bar.m_Stave->m_TabBarCount == 1 && eventCount > music.m_Length / kRoundTicks;
+    return music.m_Bar.m_Stave->m_TabBarCount == 1 &&
+           eventCount > music.m_Length / kShortestNoteTicks;
 }
 
 // Eighths without end; the last one fills its bar.
@@ -36,7 +40,7 @@ void AssignRunningEighths(BarMusic& music) {
     last.m_Length = ClampToInt(barEnd - last.m_Position);
 }
 
-// Both counts are those of the bar, so that no product of the two exceeds a few bars' length.
+// Times the columns between any two events it is the bar's length at most.
 int GetTicksPerColumn(const BarMusic& music) {
     const int columnCount = music.m_Bar.m_Width;
     const int firstColumn = music.m_Events.begin()->first;

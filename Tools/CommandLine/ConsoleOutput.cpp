@@ -92,6 +92,7 @@ void ConsoleOutput::DrawBar(int percent) {
     char bar[kWidestBar];
     std::fill_n(bar, barWidth, '.');
     std::fill_n(bar, barWidth * percent / 100, '#');
+    SetBarShown(true);
     std::fprintf(stderr, "\r%s [%.*s] %3d %%", name.GetText(), barWidth, bar, percent);
     m_ShownPercent = percent;
     m_ShownWidth = name.GetLength() + barWidth + kBarFrame - 1;
@@ -101,6 +102,7 @@ void ConsoleOutput::ClearBar() {
     if (m_ShownPercent >= 0) {
         std::fprintf(stderr, "\r%*s\r", m_ShownWidth, "");
         m_ShownPercent = -1;
+        SetBarShown(false);
     }
 }
 

@@ -1,5 +1,9 @@
 #include "FileConversion.h"
 
+#include <cstdint>
+#include <exception>
+#include <new>
+
 #include "Converter.h"
 #include "Exceptions.h"
 #include "FileName.h"
@@ -11,8 +15,7 @@ namespace tabulorix {
 
 namespace {
 
-// Scores grow far beyond their texts.
-constexpr int kMostScoreBytes = INT_MAX / 2;
+constexpr const char* kNoMemory = "there is not enough memory for it";
 
 [[noreturn]] void Refuse(const STR& reason) {
     RecordThrowLocation("FileConversion", __LINE__);
@@ -98,10 +101,12 @@ bool FileConverter::Convert(const STR& file) {
         return true;
     } catch (const ConverterCancelled&) {
         throw;
-    } catch (const OutOfMemoryException&) {
-        m_Output.PrintError("there is not enough memory for it");
+    } catch (const std::bad_alloc&) {
+        m_Output.PrintError(kNoMemory);
     } catch (const Exception& failure) {
         m_Output.PrintError(failure.GetText());
+    } catch (const std::exception& failure) {
+        m_Output.PrintError(failure.what());
     }
     return false;
 }
@@ -130,36 +135,39 @@ void FileConverter::CheckReplacesNothingNeeded(const ScoreTarget& target) const 
 
 // Gives back the description of what was found.
 STR FileConverter::WriteScore(const ScoreTarget& target, const STR& bytes) {
-    const bool isFile = target.m_Kind == ScoreTarget::Kind::File;
     Converter converter(m_Output, m_Arguments.m_RhythmLevel);
-    FileContents score;
+    const std::unique_ptr<TreeNode> document = MakeDocument();
+    converter.FillScore(bytes, *document);
+    if (converter.GetSummary().m_StaveCount == 0) {
+        Refuse("there is no tab stave in it, so it has no score");
+    }
+    if (target.m_Kind == ScoreTarget::Kind::File) {
+        WriteFile(target, *document);
+    } else {
+        WriteStream(target, *document);
+    }
+    return Describe(converter.GetSummary());
+}
+
+void FileConverter::WriteFile(const ScoreTarget& target, const TreeNode& document) {
     if (!target.m_Folder.IsEmpty() && GetPathKind(target.m_Folder) == PathKind::Nothing) {
         Require(MakeFolder(target.m_Folder), STR("cannot make the folder ") + target.m_Folder);
     }
-    {
-        TemporaryFile temporary(isFile ? STR(GetFolderPart(target.m_Path)) : GetTemporaryFolder());
-        const std::unique_ptr<TreeNode> document = MakeDocument();
-        converter.ConvertText(bytes, *document, temporary.GetPath());
-        if (converter.GetSummary().m_StaveCount == 0) {
-            Refuse("there is no tab stave in it, so it has no score");
-        }
-        m_Output.SetProgress(100, {});
-        if (isFile) {
-            Require(temporary.MoveTo(target.m_Path), STR("cannot write ") + target.m_ShownName);
-            m_WrittenScores.insert(GetFileIdentity(target.m_Path));
-        } else {
-            score = ReadWholeFile(temporary.GetPath(), kMostScoreBytes);
-        }
-    }
-    // A reader may take its time: without a file to remove, an interrupt ends the program at once.
-    Require(score.m_Result, "cannot read the score again");
-    if (!isFile) {
-        const bool isStream = target.m_Kind == ScoreTarget::Kind::Stream;
-        Require(isStream ? WriteWholeFile(target.m_Path, score.m_Bytes)
-                         : WriteStandardOutput(score.m_Bytes),
-                STR("cannot write ") + target.m_ShownName);
-    }
-    return Describe(converter.GetSummary());
+    const STR problem = STR("cannot write ") + target.m_ShownName;
+    TemporaryFile temporary(GetFolderPart(target.m_Path));
+    Require(document.WriteToFile(temporary.GetPath()), problem);
+    m_Output.SetProgress(100, {});
+    Require(temporary.MoveTo(target.m_Path), problem);
+    m_WrittenScores.insert(GetFileIdentity(target.m_Path));
+}
+
+void FileConverter::WriteStream(const ScoreTarget& target, const TreeNode& document) {
+    STR score;
+    document.WriteText(score, 0);
+    m_Output.SetProgress(100, {});
+    Require(target.m_Kind == ScoreTarget::Kind::Stream ? WriteWholeFile(target.m_Path, score)
+                                                       : WriteStandardOutput(score),
+            STR("cannot write ") + target.m_ShownName);
 }
 
 // Parsed once for all files; a single file takes the blank score itself.

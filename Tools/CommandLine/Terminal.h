@@ -6,16 +6,18 @@
 namespace tabulorix {
 
 // Call first: makes broken pipes and size limits errors of the write that meets them instead of the
-// end of the program, and keeps files that are opened from taking the place of a standard stream
-// that is closed.
+// end of the program, keeps files that are opened from taking the place of a standard stream that
+// is closed, and lets Ctrl-C and other requests to end the program take the progress bar with them.
 void PrepareProcess() noexcept;
 
 bool IsErrorStreamTerminal() noexcept;
+// Whether the line of the terminal must be cleared when the program is ended.
+void SetBarShown(bool isShown) noexcept;
 // In columns; 80 when the terminal does not say.
 int GetTerminalWidth() noexcept;
 
-// As long as one lives, Ctrl-C and requests to end the program are only noted, so that what must
-// not stay behind can be removed. One at a time.
+// Ctrl-C and requests to end the program end it at once. As long as a guard lives they are only
+// noted, so that what must not stay behind can be removed. One at a time.
 class InterruptGuard {
 public:
     InterruptGuard() noexcept;

@@ -4,7 +4,7 @@
 
 #include <csignal>
 #include <cstdlib>
-#include <iterator>
+#include <initializer_list>
 
 #include "Terminal.h"
 
@@ -16,10 +16,36 @@ constexpr int kEndingSignals[] = {SIGINT, SIGTERM, SIGHUP};
 constexpr int kUsualWidth = 80;
 
 volatile std::sig_atomic_t g_NotedSignal = 0;
-struct sigaction g_ActionsBefore[std::size(kEndingSignals)];
+volatile std::sig_atomic_t g_IsGuarded = 0;
+volatile std::sig_atomic_t g_IsBarShown = 0;
 
-void NoteSignal(int signal) {
-    g_NotedSignal = signal;
+// Only what a signal handler may call.
+void EndOrNote(int signal) {
+    if (g_IsGuarded != 0) {
+        g_NotedSignal = signal;
+        return;
+    }
+    constexpr char kClearLine[] = "\r\x1b[K";
+    if (g_IsBarShown != 0 && ::write(STDERR_FILENO, kClearLine, sizeof kClearLine - 1) < 0) {
+        g_IsBarShown = 0;
+    }
+    ::signal(signal, SIG_DFL);
+    ::raise(signal);
+}
+
+void HandleEndingSignals() {
+    struct sigaction action = {};
+    action.sa_handler = EndOrNote;
+    action.sa_flags = SA_RESTART;
+    sigemptyset(&action.sa_mask);
+    for (const int signal : kEndingSignals) {
+        struct sigaction before;
+        ::sigaction(signal, nullptr, &before);
+        // Whoever started the program to run on unheeding (nohup) keeps that.
+        if (before.sa_handler != SIG_IGN) {
+            ::sigaction(signal, &action, nullptr);
+        }
+    }
 }
 
 }  // namespace
@@ -34,6 +60,7 @@ void PrepareProcess() noexcept {
     }
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+    HandleEndingSignals();
 }
 
 bool IsErrorStreamTerminal() noexcept {
@@ -48,24 +75,16 @@ int GetTerminalWidth() noexcept {
     return size.ws_col;
 }
 
+void SetBarShown(bool isShown) noexcept {
+    g_IsBarShown = isShown ? 1 : 0;
+}
+
 InterruptGuard::InterruptGuard() noexcept {
-    struct sigaction noting = {};
-    noting.sa_handler = NoteSignal;
-    noting.sa_flags = SA_RESTART;
-    sigemptyset(&noting.sa_mask);
-    for (std::size_t i = 0; i < std::size(kEndingSignals); ++i) {
-        ::sigaction(kEndingSignals[i], nullptr, &g_ActionsBefore[i]);
-        // Whoever started the program to run on unheeding (nohup) keeps that.
-        if (g_ActionsBefore[i].sa_handler != SIG_IGN) {
-            ::sigaction(kEndingSignals[i], &noting, nullptr);
-        }
-    }
+    g_IsGuarded = 1;
 }
 
 InterruptGuard::~InterruptGuard() {
-    for (std::size_t i = 0; i < std::size(kEndingSignals); ++i) {
-        ::sigaction(kEndingSignals[i], &g_ActionsBefore[i], nullptr);
-    }
+    g_IsGuarded = 0;
 }
 
 bool WasInterrupted() noexcept {

@@ -15,8 +15,11 @@ constexpr UINT kInterruptedStatus = 130;
 
 std::atomic<bool> g_WasInterrupted = false;
 
-// Called on a thread of its own.
-BOOL WINAPI NoteInterrupt(DWORD /*kind*/) {
+// Called on a thread of its own. Other events than these end the program whatever is returned.
+BOOL WINAPI NoteInterrupt(DWORD kind) {
+    if (kind != CTRL_C_EVENT && kind != CTRL_BREAK_EVENT) {
+        return FALSE;
+    }
     g_WasInterrupted = true;
     return TRUE;
 }
@@ -24,6 +27,9 @@ BOOL WINAPI NoteInterrupt(DWORD /*kind*/) {
 }  // namespace
 
 void PrepareProcess() noexcept {}
+
+// The console's own prompt starts on a new line.
+void SetBarShown(bool /*isShown*/) noexcept {}
 
 bool IsErrorStreamTerminal() noexcept {
     DWORD mode = 0;

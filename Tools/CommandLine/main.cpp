@@ -75,7 +75,7 @@ int main(int argc, char** argv) {
     int status = kNotAllConverted;
     try {
         status = Run(argc, argv);
-    } catch (const OutOfMemoryException&) {
+    } catch (const std::bad_alloc&) {
         std::fputs("tabulorix: there is not enough memory\n", stderr);
     } catch (const ConverterCancelled&) {
         // The request that cancelled is seen below.
