@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that a task needs and the machine lacks; silent when it lacks none.
+#
+#     scripts/setup.sh GROUP...      build, test, check, windows
+set -euo pipefail
+
+declare -A packages=(
+    [build]="g++ cmake make"
+    [test]="doctest-dev python3"
+    [check]="clang clang-format clang-tidy libclang-rt-14-dev"
+    [windows]="g++-mingw-w64-i686-win32"
+)
+
+wanted=()
+for group in "$@"; do
+    [[ -n ${packages[$group]-} ]] || { echo "setup.sh: there is no group \"$group\"" >&2; exit 2; }
+    read -ra names <<<"${packages[$group]}"
+    wanted+=("${names[@]}")
+done
+
+if ! command -v apt-get >/dev/null; then
+    echo "setup.sh: this is no Debian system; what is needed is: ${wanted[*]}" >&2
+    exit 0
+fi
+
+missing=()
+for name in "${wanted[@]}"; do
+    state=$(dpkg-query --show --showformat='${db:Status-Status}' "$name" 2>/dev/null || true)
+    [[ $state == installed ]] || missing+=("$name")
+done
+[[ ${#missing[@]} -gt 0 ]] || exit 0
+
+as_root=()
+if [[ $EUID -ne 0 ]]; then
+    command -v sudo >/dev/null ||
+        { echo "setup.sh: install as root, please: ${missing[*]}" >&2; exit 1; }
+    as_root=(sudo)
+fi
+echo "Installing what is missing to $* Tabulorix: ${missing[*]}"
+install=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive
+    apt-get install --yes --quiet --no-install-recommends "${missing[@]}")
+# Lists that are missing or old do not know the packages.
+"${install[@]}" 2>/dev/null || { "${as_root[@]}" apt-get update --quiet && "${install[@]}"; }
