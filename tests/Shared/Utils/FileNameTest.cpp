@@ -1,0 +1,79 @@
+#include <doctest/doctest.h>
+
+#include "FileName.h"
+#include "FileSystem.h"
+
+namespace tabulorix {
+
+TEST_CASE("Paths are cut and put together at their separators") {
+    struct Case {
+        const char* m_Path;
+        const char* m_Folder;
+        const char* m_Name;
+        const char* m_Score;
+    };
+    const Case cases[] = {
+        {"song.tab", "", "song.tab", "song.vif"},
+        {"/song.tab", "/", "song.tab", "/song.vif"},
+        {"my.tabs/song", "my.tabs/", "song", "my.tabs/song.vif"},
+        {"a/song.v2.tab", "a/", "song.v2.tab", "a/song.v2.vif"},
+        {"a/.tab", "a/", ".tab", "a/.tab.vif"},
+        {"song.", "", "song.", "song.vif"},
+        {"", "", "", ".vif"},
+    };
+    for (const Case& c : cases) {
+        CAPTURE(c.m_Path);
+        CHECK(GetFolderPart(c.m_Path) == c.m_Folder);
+        CHECK(GetLastPart(c.m_Path) == c.m_Name);
+        CHECK(ReplaceExtension(c.m_Path, "vif") == c.m_Score);
+    }
+    CHECK(JoinPath("", "song.tab") == "song.tab");
+    CHECK(JoinPath("a/", "song.tab") == "a/song.tab");
+}
+
+TEST_CASE("A file name is a full path") {
+    const STR current = FileName(STR("x")).GetPath();
+    CHECK(IsPathSeparator(current.View()[current.View().size() - 2]));
+    CHECK(FileName(STR()).GetPath().IsEmpty());
+    CHECK(FileName("/settings", "Options", "txt").GetPath() ==
+          JoinPath("/settings", "Options.txt"));
+    CHECK(FileName("/settings/", "Options", ".txt").GetPath() == "/settings/Options.txt");
+}
+
+TEST_CASE("A temporary file is new, empty and a file until it is deleted") {
+    const FileName first = FileName::CreateTemporary();
+    const FileName second = FileName::CreateTemporary();
+    CHECK_FALSE(first.GetPath() == second.GetPath());
+    CHECK(first.Exists());
+    CHECK(ReadWholeFile(first.GetPath()).m_Result.Succeeded());
+    CHECK_FALSE(FileName(GetTemporaryFolder()).Exists());
+    for (const FileName& file : {first, second}) {
+        file.Delete();
+        CHECK_FALSE(file.Exists());
+        file.Delete();
+    }
+}
+
+TEST_CASE("Files are read and replaced whole, and failures tell why") {
+    const STR path = FileName::CreateTemporary().GetPath();
+    const std::string_view bytes("a\r\n\0\xFF", 5);
+    CHECK(WriteWholeFile(path, "what was there before").Succeeded());
+    CHECK(WriteWholeFile(path, bytes).Succeeded());
+    CHECK(ReadWholeFile(path, 5).m_Bytes == STR(bytes));
+    CHECK_FALSE(ReadWholeFile(path, 4).m_Result.Succeeded());
+    CHECK_FALSE(ReadWholeFile(GetTemporaryFolder()).m_Result.Succeeded());
+
+    const STR moved = path + ".moved";
+    CHECK(GetFileIdentity(moved) == FileIdentity());
+    CHECK(WriteWholeFile(moved, "old").Succeeded());
+    const FileIdentity identity = GetFileIdentity(path);
+    CHECK(MoveFileOver(path, moved).Succeeded());
+    CHECK(ReadWholeFile(moved).m_Bytes == STR(bytes));
+    CHECK(GetFileIdentity(moved) == identity);
+    CHECK_FALSE(ReadWholeFile(path).m_Result.Succeeded());
+    CHECK_FALSE(MoveFileOver(path, moved).Succeeded());
+    CHECK(RemoveFile(moved).Succeeded());
+    CHECK_FALSE(RemoveFile(moved).Succeeded());
+}
+
+}  // namespace tabulorix

@@ -1,0 +1,72 @@
+#include <set>
+
+#include "ResId.h"
+#include "ScoreSkeleton.h"
+#include "ScoreTemplate.h"
+#include "SignatureBuilders.h"
+#include "StaveTypes.h"
+#include "TestSupport.h"
+#include "TextBuilders.h"
+
+namespace tabulorix {
+
+TEST_CASE("The blank score has the host's lists and settings, and no music") {
+    const auto score = CreateBlankScore();
+    const TreeNode& music = *GetMusic(*score);
+    const auto describe = [](auto* c) { return Cat(c->GetLabel(), ':', c->GetChildCount()); };
+    CHECK(Join(score->GetChildren(), describe) ==
+          "Type:0 ScoreOptions:32 PrintSettings:19 MajorVersion:0 Music:30");
+    CHECK(Join(music.GetChildren(), describe) ==
+          "Type:0 Summary:9 MIDIConnections:3 SpacingTable:19 TextStyles:54 SymbolCategories:37 "
+          "Symbols:544 PenStyles:28 LineStyles:66 ClefStyles:23 NoteStyles:29 StaveTypes:113 "
+          "SwingStyles:16 Options:160 PlayingOptions:66 GraphicDataList:0 BarSpacings:1 NumBars:0 "
+          "SystemStave:2 SystemKeywordList:93 StaveKeywordList:112 Staves:0 Instruments:0 "
+          "Barlines:0 Brackets:0 ChannelForNextInstrument:0 MusicTextFontName:0 "
+          "MusicTextFontBold:0 MusicTextFontItalic:0 BaseTextFontName:0");
+    CHECK(music.FindChild("SystemStave")->FindChild("Bars")->GetChildCount() == 1);
+    CHECK(music.FindChild("BarSpacings")->GetChild(0)->GetChildInt("BarNum", -1) == 0);
+
+    // The resource holds one more tree, which is not read. It may be 8-bit text as well.
+    STR written;
+    score->WriteText(written, 0);
+    CHECK(written.View().starts_with("VifFileVersion \"10100004\"\r\n{\r\n"));
+    CHECK(written.View().find("TorrixOptions") == std::string_view::npos);
+    std::string narrow(ResId(100).GetResource("TREENODE").substr(2));
+    std::erase(narrow, '\0');
+    CHECK(narrow.find("TorrixOptions") != std::string::npos);
+    CHECK(GetTreeText(*ReadBlankScore(narrow)) == GetTreeText(*score));
+}
+
+TEST_CASE("The blank score has every style that is written into a score, each once") {
+    const auto score = CreateBlankScore();
+    const auto hasNames = [&score](const char* list, const std::vector<std::string_view>& wanted) {
+        std::set<std::string_view> names = {""};
+        for (const TreeNode* entry : GetMusic(*score)->FindChild(list)->GetChildren()) {
+            CHECK(names.insert(entry->GetChildText("Name", "")).second);
+        }
+        return std::all_of(wanted.begin(), wanted.end(), [&](auto n) { return names.count(n); });
+    };
+    for (const char* list : {"Symbols", "PenStyles", "LineStyles", "NoteStyles"}) {
+        CHECK(hasNames(list, {}));
+    }
+    CHECK(hasNames("TextStyles", {kTextStyleTempo, kTextStyleChordSymbol}));
+    CHECK(hasNames("TextStyles", {kTextStyleInstrumentNames}));
+    for (int clef = 0; clef <= 22; ++clef) {
+        CHECK(hasNames("ClefStyles", {GetClefStyle(clef)}));
+    }
+    for (const bool isShown : {false, true}) {
+        const auto find = [&score, isShown](const std::vector<int>& pitches) {
+            return FindStaveType(*score, StaveCategory::Tab, pitches, isShown).value_or("none");
+        };
+        CHECK(find({128, 118, 110, 100, 90, 80}).View().starts_with("Guitar tab (standard"));
+        CHECK(find({124, 118, 110, 100, 86, 76}).View().starts_with("Guitar tab (open G tuning"));
+        CHECK(find({86, 76, 66, 56}).View().starts_with("Bass guitar tab (4-string"));
+        // These two are left for tunings that have no type.
+        const auto name = isShown ? kStaveTypeWithRhythms : kStaveTypeWithoutRhythms;
+        CHECK_FALSE(hasNames("StaveTypes", {name}));
+        CHECK(AddStaveType(*score, {name, 48, 120, {56, 66}, isShown}));
+        CHECK(find({56, 66}) == STR(name));
+    }
+}
+
+}  // namespace tabulorix
