@@ -128,7 +128,7 @@ public:
 
     void Add(std::unique_ptr<TreeNode> node) {
         m_Nodes.Append(node.get());
-        node.release();
+        static_cast<void>(node.release());
     }
 
     // Opens the list of the last node.

@@ -103,6 +103,7 @@ TEST_CASE("Equal texts are one entry of the pool, which goes with its last handl
     {
         // One hash for all: the texts alone must keep them apart.
         std::vector<PooledString> strings;
+        strings.reserve(2000);
         for (int i = 0; i < 2000; ++i) {
             strings.emplace_back("pool test " + std::to_string(i % 1000), 4711u);
         }
@@ -115,6 +116,7 @@ TEST_CASE("Equal texts are one entry of the pool, which goes with its last handl
     }
     {
         std::vector<PooledString> strings;
+        strings.reserve(20000);
         for (int i = 0; i < 20000; ++i) {
             strings.emplace_back("pool test " + std::to_string(i));
         }
@@ -131,6 +133,7 @@ TEST_CASE("A reset of the allocator frees the blocks without living nodes only")
     const std::size_t nodes = NodeAllocator::GetNodeCount();
     const std::size_t blocks = NodeAllocator::GetBlockCount();
     std::vector<std::unique_ptr<TreeNode>> made;
+    made.reserve(10000);
     for (int i = 0; i < 10000; ++i) {
         made.push_back(std::make_unique<TreeNode>("Node", i));
     }

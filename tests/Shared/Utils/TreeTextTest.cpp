@@ -52,7 +52,8 @@ std::string ToUtf16(std::string_view text, bool isBigEndian) {
 }
 
 // The message of the exception that reading ends in, or "none".
-std::string ReadFailure(std::string_view bytes, TreeNodeReader::Source source, STR fileName = {}) {
+std::string ReadFailure(std::string_view bytes, TreeNodeReader::Source source,
+                        const STR& fileName = {}) {
     try {
         TreeNodeReader(bytes, source, fileName).Read();
     } catch (const Exception& e) {

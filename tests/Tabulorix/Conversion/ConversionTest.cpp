@@ -157,7 +157,7 @@ TEST_CASE("A tab becomes the score that it was rendered from") {
     }
 }
 
-TEST_CASE("The examples become the scores that their words tell of") {
+TEST_CASE("The shipped examples keep their staves, bars and notes") {
     struct Example {
         const char* m_Name;
         RhythmLevel m_Level;

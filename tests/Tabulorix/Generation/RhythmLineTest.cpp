@@ -16,7 +16,7 @@ TEST_CASE("The rhythm line of a bar holds note values or else beat counts") {
     const auto check = [&](const std::string& kind, std::initializer_list<std::string> lines) {
         for (const std::string& line : lines) {
             CAPTURE(line);
-            CHECK(describe(line + '\n' + stave) == kind);
+            CHECK(describe(Cat(line, '\n', stave)) == kind);
         }
     };
     // The last letter other than E decides, and each letter counts; E only counts by itself.
