@@ -16,7 +16,7 @@
 #include "FretCharacters.h"
 #include "RhythmIndication.h"
 #include "RhythmStrategies.h"
-#include "TreeNode.h"
+#include "TreeNodeReader.h"
 
 namespace tabulorix {
 
@@ -91,23 +91,15 @@ inline BarMusic ReadMusic(const AnalysedTab& tab, RhythmLevel level) {
     return music;
 }
 
-// One blank for each space between words, and `=` for the quotes: `Bars { { Type=Bar } } `.
-inline std::string Flatten(std::string_view text) {
-    std::string flat;
-    for (const char c : text) {
-        if (c == '"') {
-            flat.back() = flat.back() == ' ' ? '=' : flat.back();
-        } else if (c > ' ' || !flat.ends_with(' ')) {
-            flat += std::max(c, ' ');
-        }
-    }
-    return flat;
+inline std::string GetTreeText(const TreeNode& node) {
+    STR text;
+    node.WriteText(text, 0);
+    return text.GetText();
 }
 
-inline std::string GetTreeText(const TreeNode& node) {
-    STR written;
-    node.WriteText(written, 0);
-    return Flatten(written);
+// The text of a tree that is written in any layout.
+inline std::string GetTreeText(std::string_view tree) {
+    return GetTreeText(*TreeNodeReader(tree).Read());
 }
 
 }  // namespace tabulorix

@@ -11,17 +11,17 @@ TEST_CASE("Runs of lines with dashes become staves, and dropped lines are report
         {"a-b\n" + MakeStave("-a -", 4), "1+4;1 2 3 4"},
         {MakeStave(line, 13), "0+13 6+7 12+1;0 1 2 3 4 5 6 7 8 9 10 11 12"},
         {four + "\n--\n\n" + four, "0+4 7+4;0 1 2 3 7 8 9 10;101 4 1 6 6 "},
-        // 6 dashes are 65 percent of 10, rounded down.
-        {"------\n" + four, "0+5;0 1 2 3 4"},
-        {"-----\n" + four, "1+4;1 2 3 4;100 4 1 1 "},
+        // 11 dashes are 65 percent of 18, rounded down.
+        {"-----------\n" + MakeStave("------------------", 4), "0+5;0 1 2 3 4"},
+        {"----------\n" + MakeStave("------------------", 4), "1+4;1 2 3 4;100 4 1 1 "},
         // 6 blanks are 120 percent of 26 / 5; 7 are more than that of 27 / 5.
         {indented + "--.......", "0+5;0 1 2 3 4"},
         {indented + "--...... ", "0+4;0 1 2 3;100 4 1 5 "},
         // A string name saves a line, but only in the leftmost of the best columns.
         {MakeStave("E" + line, 4) + "h - -", "0+5;0 1 2 3 4"},
         {"E--------\n" + MakeStave("E---a----", 3) + "--  c", "0+4;0 1 2 3;100 4 1 5 "},
-        // The second line is judged by the blanks of the whole run, the first line's included.
-        {"--\n--.......\n" + four, "1+5;1 2 3 4 5;100 4 1 1 "},
+        // The lines with one blank are judged by the blanks of the whole run, the first line's too.
+        {"--\n--.......\n" + four + "--.......", "1+6;1 2 3 4 5 6;100 4 1 1 "},
         // From the top downwards, then from the bottom upwards, then what is left.
         {"--\n--\n" + MakeStave(line, 3) + "-----\n--\n",
          ";;100 4 1 1 ;100 4 1 2 ;100 4 1 7 ;100 4 1 6 ;101 4 1 3 5 "}};

@@ -1,6 +1,5 @@
 #include "ScoreGeneration.h"
 #include "TestSupport.h"
-#include "TreeNodeReader.h"
 
 namespace tabulorix {
 
@@ -21,8 +20,8 @@ std::string DescribeItem(const TreeNode* item) {
 std::unique_ptr<TreeNode> GenerateScore(std::string_view text, RhythmLevel level) {
     const AnalysedTab tab(text);
     RecordingOutput output;
-    auto score = TreeNodeReader(R"(Score { Music { SystemStave StaveTypes
-        BarSpacings { { BarNum "0" } } } })")
+    auto score = TreeNodeReader(R"(Score { Music { SystemStave BarSpacings { { BarNum "0" } }
+        StaveTypes { { Name "with rhythms" Category "2" Pitches { "86" "76" "66" "56" } } } } })")
                      .Read();
     ScoreGeneration generation(tab.m_Analysis, level, output);
     CHECK(generation.GenerateScore(*score) == !tab.m_Analysis.GetTabBars().empty());
@@ -67,33 +66,39 @@ TEST_CASE("Frets become notes, and lengths become slices with a sign in notation
 
 TEST_CASE("A score has one instrument on one stave, and the marks of the tab above it") {
     const std::string tab = "3/4\nSolo\n Am\n" + MakeStave("-7------", 4);
-    CHECK(GetTreeText(*GenerateScore(tab, RhythmLevel::Never)) ==
-          Flatten(R"(Score { Music { SystemStave { Bars {
-    { Type=Bar MakesStaveVisible=0 HasStaveTypeChanges=0 Items {
-    { Type=SystemTextItem Sr=-1 Voices=15 Dx=0 Dy=0 StyledString { Type=StyledString Text=Solo
-      TextStyle=Tempo } YPositions { { Type=YPosition Visible=True Y=128 } } }
-    { Type=TimeSignature Sr=0 Voices=15 Dx=0 Dy=0 Top=3 LogUnitLength=8 BeatGroups SymbolNum=0
-      TimeSignatureString=3\n\4 Flags=1 } } GapBelowStave=400 } } }
-StaveTypes { { Type=StaveType Name=Standard guitar (no rhythms) StaveType=tab StaveLineSeparation=48
-    BarlineDy=120 Pitches {=86=76=66=56 } StaveLines=4 Category=2 AsNumbers=True ShowRhythms=False } }
-BarSpacings { { BarNum=0 BarLength=0 } { Type=BarSpacing BarNum=1 BarLength=128 Flags=7 } }
-ReBeamAll=True
-Instruments { { Type=Instrument FullName { Type=StyledString Text=Bass Guitar TextStyle=Instrument
-    names } ShortName { Type=StyledString Text=Bass TextStyle=Instrument names } Group=GuitarBracket
-    PartClef=21 FullNameOffsetX=0 FullNameOffsetY=0 ShortNameOffsetX=0 ShortNameOffsetY=0
-    StaveIndex=0 DefaultInstrumentName=Bass guitar } }
-Barlines { { Type=Barline StaveIndex=0 } }
-Staves { { Type=Stave Small=False StaveMIDIData { Type=MIDIData Program=33 Channel=0 Bank=-1
-    MIDIflags=-1 } Bars { { Type=Bar MakesStaveVisible=0 HasStaveTypeChanges=1 Items {
-    { Type=KeySignature Sr=0 Voices=15 Dx=0 Dy=0 Sharps=0 Flags=1 }
-    { Type=Transposition Sr=32512 Voices=15 Dx=0 Dy=0 PartDiat=0 PartChrom2=0 }
-    { Type=Clef Sr=32512 Voices=15 Dx=0 Dy=0 Flags=0 ClefStyle=Tab } { Type=StaveTypeChange
-      Sr=32512 Voices=15 Dx=0 Dy=0 StaveType=Standard guitar (no rhythms) } } }
-    { Type=Bar MakesStaveVisible=0 HasStaveTypeChanges=0 Items {
-    { Type=NoteRest Sr=0 Voices=1 Dx=0 Dy=0 Durn=7 Trem=0 Artic=0 Flags=2 Notes {
-      { Type=Note Diat=29 Chrom2=100 Acc=0 StringNum=3 Flags=0 } } }
-    { Type=Text Sr=0 Voices=15 Dx=0 Dy=0 StyledString { Type=StyledString Text=Am
-      TextStyle=Chord symbol } DrawAtStartOfSystem=False } } } } } } } } )"));
+    CHECK(GetTreeText(*GenerateScore(tab, RhythmLevel::Never)) == GetTreeText(R"tree(Score { Music {
+SystemStave { Bars { { Type "Bar" MakesStaveVisible "0" HasStaveTypeChanges "0" Items {
+    { Type "SystemTextItem" Sr "-1" Voices "15" Dx "0" Dy "0"
+      StyledString { Type "StyledString" Text "Solo" TextStyle "Tempo" }
+      YPositions { { Type "YPosition" Visible "True" Y "128" } } }
+    { Type "TimeSignature" Sr "0" Voices "15" Dx "0" Dy "0" Top "3" LogUnitLength "8"
+      BeatGroups SymbolNum "0" TimeSignatureString "3\n\4" Flags "1" } } GapBelowStave "400" } } }
+BarSpacings { { BarNum "0" BarLength "0" } { Type "BarSpacing" BarNum "1" BarLength "128" Flags "7" } }
+StaveTypes { { Name "with rhythms" Category "2" Pitches { "86" "76" "66" "56" } }
+    { Type "StaveType" Name "Standard guitar (no rhythms)" StaveType "tab"
+      StaveLineSeparation "48" BarlineDy "120" Pitches { "86" "76" "66" "56" } StaveLines "4"
+      Category "2" AsNumbers "True" ShowRhythms "False" } }
+ReBeamAll "True"
+Instruments { { Type "Instrument"
+    FullName { Type "StyledString" Text "Bass Guitar" TextStyle "Instrument names" }
+    ShortName { Type "StyledString" Text "Bass" TextStyle "Instrument names" }
+    Group "GuitarBracket" PartClef "21" FullNameOffsetX "0" FullNameOffsetY "0" ShortNameOffsetX "0"
+    ShortNameOffsetY "0" StaveIndex "0" DefaultInstrumentName "Bass guitar" } }
+Barlines { { Type "Barline" StaveIndex "0" } }
+Staves { { Type "Stave" Small "False"
+    StaveMIDIData { Type "MIDIData" Program "33" Channel "0" Bank "-1" MIDIflags "-1" }
+    Bars { { Type "Bar" MakesStaveVisible "0" HasStaveTypeChanges "1" Items {
+        { Type "KeySignature" Sr "0" Voices "15" Dx "0" Dy "0" Sharps "0" Flags "1" }
+        { Type "Transposition" Sr "32512" Voices "15" Dx "0" Dy "0" PartDiat "0" PartChrom2 "0" }
+        { Type "Clef" Sr "32512" Voices "15" Dx "0" Dy "0" Flags "0" ClefStyle "Tab" }
+        { Type "StaveTypeChange" Sr "32512" Voices "15" Dx "0" Dy "0"
+          StaveType "Standard guitar (no rhythms)" } } }
+    { Type "Bar" MakesStaveVisible "0" HasStaveTypeChanges "0" Items {
+        { Type "NoteRest" Sr "0" Voices "1" Dx "0" Dy "0" Durn "7" Trem "0" Artic "0" Flags "2"
+          Notes { { Type "Note" Diat "29" Chrom2 "100" Acc "0" StringNum "3" Flags "0" } } }
+        { Type "Text" Sr "0" Voices "15" Dx "0" Dy "0"
+          StyledString { Type "StyledString" Text "Am" TextStyle "Chord symbol" }
+          DrawAtStartOfSystem "False" } } } } } } } })tree"));
 }
 
 }  // namespace tabulorix

@@ -21,10 +21,9 @@ TEST_CASE("The rhythm line of a bar holds note values or else beat counts") {
     };
     // The last letter other than E decides, and each letter counts; E only counts by itself.
     check("letters 0", {"Q   Q   Q   Q", "H", "QQ  Q", "E   E   E   E", "Em E   E   E   E"});
-    check("none", {"Q", "Q  QQ", "Q  QQ  E", "H#", "xH", "E   E   E", "Em E#  E   E   E",
-                   "A   B   C   D", "Q   Q   Q   Q    G"});
-    // The first mark, one in the first column apart, stands in the first quarter, and the last one
-    // beyond 60 percent.
+    check("none", {"Q", "Q  QQ", "Q  QQ  E", "H#", "xH", "E   E   E", "E E E QQ",
+                   "Em E#  E   E   E", "A   B   C   D", "Q   Q   Q   Q    G"});
+    // The first mark, but for column 0, stands in the first quarter, the last beyond 60 percent.
     check("counts 0", {" 1 & 2 & 3 & 4 & ", " q   q   q   q", " 1           +", " 1    2    +    e",
                        "12           3", "    1        2"});
     check("none", {"     1       2", "    1       2", "1    2       3", " 1     e     +",
@@ -47,9 +46,8 @@ TEST_CASE("The rhythm line of a bar holds note values or else beat counts") {
 TEST_CASE("A rhythm line tells the position and the length at each column") {
     const std::string stave = MakeStave("----------");
     const Cases cases = {
-        {"Q. Q...+H\n" + stave,
-         "0/384 127/257 384/480 384/480 480/384 576/288 672/192 864/512~ 864/512~ 1120/256 of "
-         "1376"},
+        {"Q. Q...+H\n" + MakeStave("---------"),
+         "0/384 127/257 384/480 384/480 480/384 576/288 672/192 864/512~ 864/512~ of 1376"},
         {"Q   xH H...\n" + MakeStave("|---|---|"), "0/512 512/960 512/960 of 1472"},
         {"1 + a 2 3\n" + stave, "0 42 85 127 170 213 256 384 512 640 of 768"},
         {"6/8\n . + + .\n" + stave, "0 0 21 42 63 85 106 128 170 213 of 256"},
