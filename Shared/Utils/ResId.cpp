@@ -33,4 +33,8 @@ void ResId::SetDefaultModule(ModuleHandle module) noexcept {
     g_DefaultModule = module;
 }
 
+ModuleHandle ResId::GetDefaultModule() noexcept {
+    return g_DefaultModule;
+}
+
 }  // namespace tabulorix

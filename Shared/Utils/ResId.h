@@ -29,6 +29,7 @@ public:
     std::string_view GetResource(const char* type) const;
 
     static void SetDefaultModule(ModuleHandle module) noexcept;
+    static ModuleHandle GetDefaultModule() noexcept;
 
 private:
     int m_Id;
