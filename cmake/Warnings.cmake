@@ -1,4 +1,5 @@
-# Warnings are errors in every build, and the sanitizers are a choice of the whole build.
+# Warnings are errors in every build, and the sanitizers are a choice of the whole build. No file
+# names the folder that it was built in.
 
 add_compile_options(
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
@@ -8,6 +9,8 @@ add_compile_options(
 
 # GCC 12 takes appended strings for overlapping ones when it optimises.
 add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+
+add_compile_options(-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
 
 if(TABULORIX_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
