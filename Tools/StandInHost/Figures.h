@@ -1,0 +1,13 @@
+// What this process uses, to find what a plug-in leaves behind.
+
+#pragma once
+
+#include <string>
+
+namespace standin {
+
+// "tls 5 heap 81234 handles 40 gdi 3 user 9 working-set 5242880 private 4194304": taken
+// thread-local slots, bytes in all heaps, and the system's own counters, 0 where it does not count.
+std::string GetFigures();
+
+}  // namespace standin
