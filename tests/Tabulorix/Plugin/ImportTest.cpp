@@ -1,0 +1,215 @@
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "HostCallbacks.h"
+#include "ImportDriver.h"
+#include "NodeAllocator.h"
+#include "ScriptedHost.h"
+#include "TestSupport.h"
+
+namespace tabulorix {
+
+namespace {
+
+const std::string kTab = MakeStave({"|-0---2---3---|-5---7---8---|"}) + "\n----------------\n";
+const std::string kOtherTab = MakeStave({"|-7---5---3---|"});
+
+const std::string kClosing = "update 100\ndestroy\n";
+
+bool IsQuiet() {
+    return GetPluginState().m_IsImportBusy == 0 && GetPluginState().m_RunningImports == 0;
+}
+
+}  // namespace
+
+TEST_CASE("An import asks the host in a fixed order, and the score is gone afterwards") {
+    ScriptedHost host;
+    REQUIRE(host.Init() == 1);
+    CHECK(host.Open(host.MakeFile("song.TAB", kTab)) == 1);
+    CHECK(
+        host.m_Log ==
+        "dialog 1\ncreate Tabulorix 0 100 30\nupdate 0\nupdate 0\n"
+        "result Tabulorix song.TAB 4 -2 -2 Lines 8 to 8 inclusive don't seem to be part of a real "
+        "stave so they have been ignored\n"
+        "update 10\nupdate 20\nupdate 20\nupdate 50\nupdate 80\nload\n" +
+            kClosing);
+    CHECK(host.m_Score.starts_with("VifFileVersion \"10100004\"\r\n"));
+    CHECK(host.m_ScorePath.View().ends_with(".vif"));
+    CHECK_FALSE(FileName(host.m_ScorePath).Exists());
+    CHECK(NodeAllocator::GetBlockCount() == 0);
+}
+
+TEST_CASE("A file is taken for its first extension and its bytes") {
+    const std::string dashes = "-----------\n";
+    const auto withNoise = [](std::size_t noise) {
+        return "-----------" + std::string(89 - noise, 'x') + std::string(noise, '\x80');
+    };
+    struct Named {
+        const char* m_Name;
+        std::string m_Bytes;
+        int m_IsTab;
+    };
+    const Named files[] = {
+        {"a.tab", dashes, 1},       {"a.BTab", dashes, 1},
+        {"a.crd", dashes, 1},       {"plain", dashes, 1},
+        {"a.txt", dashes, 0},       {"a.v2.tab", dashes, 0},
+        {"a.", dashes, 0},          {"b.tab", "----------\n-", 0},
+        {"c.tab", withNoise(5), 1}, {"d.tab", withNoise(6), 0},
+        {"e.tab", "", 0},
+    };
+    ScriptedHost host;
+    host.Init();
+    host.m_Answer.m_IsConfirmed = false;
+    for (const Named& file : files) {
+        CAPTURE(file.m_Name);
+        CHECK(host.Open(host.MakeFile(file.m_Name, file.m_Bytes)) == file.m_IsTab);
+    }
+    CHECK(host.Open(host.GetPath("missing.tab")) == 0);
+    CHECK(OpenTabFile(nullptr, host) == 0);
+}
+
+TEST_CASE("Without all six functions there is none, but files are still recognised") {
+    for (int count = 0; count < 6; ++count) {
+        CAPTURE(count);
+        ScriptedHost host;
+        CHECK(host.Init(count) == 0);
+        CHECK(static_cast<int>(host.m_Asked.size()) == count + 1);
+        CHECK(host.m_Result.m_FileTypeCount == 3);
+        CHECK(host.m_Result.m_Constant8 == 8);
+        CHECK(std::string(host.m_Result.m_FileTypes[1].m_Extension) == "btab");
+        CHECK(host.Open(host.MakeFile("song.tab", kTab)) == 1);
+        CHECK(host.m_Log == "dialog 1\n");
+        CHECK(GetHostCallbacks().ChooseTransposingInstruments(3, 4) == 0);
+        CHECK(host.Init() == 1);
+        CHECK(GetHostCallbacks().ChooseTransposingInstruments(3, 4) == 35);
+        CHECK(TerminatePlugin() == 1);
+        CHECK(TerminatePlugin() == 1);
+        CHECK(GetHostCallbacks().ReportResult("", "", 0, 0, 0, "") == 0);
+    }
+    ScriptedHost host;
+    CHECK(InitialisePlugin(nullptr, &host.m_Result, nullptr) == 0);
+    CHECK(InitialisePlugin(&host.m_Info, nullptr, nullptr) == 0);
+}
+
+TEST_CASE("Long and missing settings folders do no harm") {
+    ScriptedHost host;
+    host.Init();
+    const std::string folder(600, 'f');
+    for (const char* given : {folder.c_str(), static_cast<const char*>(nullptr)}) {
+        host.m_Info.m_SettingsFolder = given;
+        InitialisePlugin(&host.m_Info, &host.m_Result, MakeScriptedModule(0));
+        CHECK(STR(GetPluginState().m_SettingsFolder).GetLength() == (given == nullptr ? 0 : 511));
+    }
+}
+
+TEST_CASE("The answer is kept in the option file, with all else that stands in it") {
+    ScriptedHost host;
+    host.Init();
+    const STR tab = host.MakeFile("song.tab", kTab);
+    const auto options = [&] {
+        const auto root = TreeNode::ReadFromFile(host.GetPath("TabulorixOptions.txt"));
+        return Join(root->GetChildren(), [](const TreeNode* option) {
+            return Cat(option->GetLabel(), '=', option->GetText(), '/', option->GetChildCount());
+        });
+    };
+    host.m_Answer = {false, true};
+    host.m_Choice = RhythmLevel::Always;
+    CHECK(host.Open(tab) == 1);
+    CHECK(host.m_Log == "dialog 1\n" + kClosing);
+    CHECK(options() == "RhythmLevel=1/0");
+
+    host.MakeFile("TabulorixOptions.txt", "{ Future \"x\" { A } RhythmLevel \"5\" }");
+    host.m_Answer = {true, true};
+    host.m_Choice = RhythmLevel::Never;
+    CHECK(host.Import(tab).size() > 0);
+    CHECK(host.m_Log.starts_with("dialog 5\n"));
+    CHECK(options() == "Future=x/1 RhythmLevel=0/0");
+
+    CHECK(host.Import(tab).size() > 0);
+    CHECK(host.m_Log.starts_with("create"));
+
+    host.MakeFile("TabulorixOptions.txt", "#");
+    CHECK(host.Import(tab).empty());
+    CHECK(host.m_Log == kClosing);
+    CHECK(IsQuiet());
+}
+
+TEST_CASE("Cancelled or failed anywhere, an import closes, and the next one is as ever") {
+    ScriptedHost host;
+    host.Init();
+    const STR tab = host.MakeFile("song.tab", kTab);
+    const std::string score = host.Import(tab);
+    const auto callCount = std::count(host.m_Log.begin(), host.m_Log.end(), '\n');
+    REQUIRE(callCount > 10);
+    for (const bool throws : {false, true}) {
+        for (std::ptrdiff_t call = 1; call <= callCount; ++call) {
+            CAPTURE(throws);
+            CAPTURE(call);
+            std::ptrdiff_t count = 0;
+            host.m_Log.clear();
+            host.m_Script = [&](std::string_view) {
+                if (++count == call && throws) {
+                    throw std::runtime_error("host");
+                }
+                return count == call ? 0 : 1;
+            };
+            CHECK(host.Open(tab) == 1);
+            CHECK(host.m_Log.ends_with(kClosing));
+            CHECK_FALSE(FileName(host.m_ScorePath).Exists());
+            CHECK(IsQuiet());
+            CHECK(NodeAllocator::GetNodeCount() == 0);
+            CHECK((host.Import(tab) == score));
+        }
+    }
+}
+
+TEST_CASE("What the host calls from inside an import does not disturb it") {
+    ScriptedHost host;
+    host.Init();
+    const STR tab = host.MakeFile("song.tab", kTab);
+    const STR other = host.MakeFile("other.tab", kOtherTab);
+    const std::string score = host.Import(tab);
+    const std::string log = host.m_Log;
+    const std::string otherScore = host.Import(other);
+
+    host.m_Log.clear();
+    host.m_Script = [&](std::string_view) {
+        CHECK(host.Init() == 0);
+        if (GetPluginState().m_IsImportBusy != 0) {
+            CHECK(host.Open(other) == 1);
+        }
+        return 1;
+    };
+    host.Open(tab);
+    CHECK(host.m_Log == log);
+    CHECK((host.m_Score == score));
+
+    // Before its conversion has begun, another import runs through.
+    for (const std::string place : {"dialog", "create", "update 0"}) {
+        CAPTURE(place);
+        bool isNested = false;
+        std::string nestedScore;
+        host.m_Log.clear();
+        host.m_Script = [&](std::string_view line) {
+            if (line.starts_with(place) && !isNested) {
+                isNested = true;
+                CHECK(host.Open(other) == 1);
+                nestedScore = host.m_Score;
+                CHECK(TerminatePlugin() == 1);
+            }
+            return 1;
+        };
+        host.Open(tab);
+        CHECK((nestedScore == otherScore));
+        CHECK((host.m_Score == score));
+        CHECK(host.m_Log.ends_with(log.substr(log.find("result"))));
+        // The end that was asked for meanwhile has come.
+        CHECK(GetHostCallbacks().ChooseTransposingInstruments(3, 4) == 0);
+        CHECK(IsQuiet());
+        CHECK(host.Init() == 1);
+    }
+}
+
+}  // namespace tabulorix

@@ -1,0 +1,148 @@
+#include "ScriptedHost.h"
+
+#include <filesystem>
+
+#include "HostCallbacks.h"
+#include "HostModule.h"
+#include "ImportDriver.h"
+
+namespace tabulorix {
+
+namespace {
+
+ScriptedHost* g_Host = nullptr;
+
+int Record(const std::string& line) {
+    g_Host->m_Log += line + '\n';
+    return g_Host->m_Script ? g_Host->m_Script(line) : 1;
+}
+
+std::string Text(std::uintptr_t cookie) {
+    return cookie == 77 ? "" : "wrong cookie ";
+}
+
+int LoadTempFile(const char* scorePath) {
+    g_Host->m_ScorePath = scorePath;
+    g_Host->m_Score = ReadWholeFile(scorePath).m_Bytes.View();
+    return Record("load");
+}
+
+int ReportResult(const char* title, const char* fileName, int kind, int location1, int location2,
+                 const char* text) {
+    return Record(std::string("result ") + title + " " + fileName + " " + std::to_string(kind) +
+                  " " + std::to_string(location1) + " " + std::to_string(location2) + " " + text);
+}
+
+int UpdateProgress(std::uintptr_t cookie, int percent, const char* caption) {
+    return Record(Text(cookie) + "update " + std::to_string(percent) + caption);
+}
+
+int DestroyProgress(std::uintptr_t cookie) {
+    return Record(Text(cookie) + "destroy");
+}
+
+int CreateProgress(std::uintptr_t cookie, const char* title, int minimum, int maximum, int last) {
+    return Record(Text(cookie) + "create " + title + " " + std::to_string(minimum) + " " +
+                  std::to_string(maximum) + " " + std::to_string(last));
+}
+
+int ChooseInstruments(std::uintptr_t value1, std::uintptr_t value2) {
+    return Record("choose") + static_cast<int>(10 * value1 + value2);
+}
+
+struct Export {
+    std::string_view m_Name;
+    HostFunction m_Function;
+};
+
+template <class Function>
+HostFunction Erase(Function* function) {
+    return reinterpret_cast<HostFunction>(function);
+}
+
+class ScriptedModule : public HostModule {
+public:
+    explicit ScriptedModule(int functionCount)
+        : m_FunctionCount(static_cast<std::size_t>(functionCount)) {}
+
+    HostFunction FindFunction(const char* name) const noexcept override {
+        const Export exports[] = {
+            {"VEL_LOADTEMPFILE", Erase(LoadTempFile)},
+            {"VEL_RESULTSDIALOGMESSAGE", Erase(ReportResult)},
+            {"VEL_UPDATEPROGRESSDIALOG", Erase(UpdateProgress)},
+            {"VEL_DESTROYPROGRESSDIALOG", Erase(DestroyProgress)},
+            {"VEL_CREATEPROGRESSDIALOG_2", Erase(CreateProgress)},
+            {"VEL_CHOOSETRANSPOSINGINSTRUMENTS", Erase(ChooseInstruments)},
+        };
+        g_Host->m_Asked.emplace_back(name);
+        for (std::size_t i = 0; i < m_FunctionCount; ++i) {
+            if (exports[i].m_Name == name) {
+                return exports[i].m_Function;
+            }
+        }
+        return nullptr;
+    }
+
+private:
+    std::size_t m_FunctionCount;
+};
+
+}  // namespace
+
+std::unique_ptr<HostModule> MakeScriptedModule(int functionCount) {
+    return std::make_unique<ScriptedModule>(functionCount);
+}
+
+ScriptedHost::ScriptedHost() {
+    // A folder with a dot in its name would hide the extensions of the files in it.
+    const FileName unique = FileName::CreateTemporary();
+    m_Folder = unique.GetPath().View().substr(0, unique.GetPath().View().rfind('.'));
+    MakeFolder(m_Folder);
+    unique.Delete();
+    GetPluginState() = {};
+    g_Host = this;
+}
+
+ScriptedHost::~ScriptedHost() {
+    TerminatePlugin();
+    g_Host = nullptr;
+    std::error_code ignored;
+    std::filesystem::remove_all(m_Folder.GetText(), ignored);
+}
+
+int ScriptedHost::Init(int functionCount) {
+    m_Info.m_SettingsFolder = m_Folder.GetText();
+    m_Info.m_ProgressCookie = 77;
+    m_Info.m_ParentWindow = this;
+    return InitialisePlugin(&m_Info, &m_Result, MakeScriptedModule(functionCount));
+}
+
+int ScriptedHost::Open(const STR& path) {
+    return OpenTabFile(path.GetText(), *this);
+}
+
+STR ScriptedHost::MakeFile(const char* name, std::string_view bytes) {
+    STR path = GetPath(name);
+    WriteWholeFile(path, bytes);
+    return path;
+}
+
+std::string ScriptedHost::Import(const STR& path) {
+    m_Log.clear();
+    m_Score.clear();
+    m_Script = nullptr;
+    Open(path);
+    return m_Score;
+}
+
+RhythmDialog::Answer ScriptedHost::Show(void* parentWindow, ImportOptions& options) {
+    options.Save();
+    Record("dialog " + std::to_string(options.GetStoredLevel()) +
+           (parentWindow == this ? "" : " wrong parent"));
+    if (m_Answer.m_IsConfirmed) {
+        options.SetRhythmLevel(m_Choice);
+    }
+    return m_Answer;
+}
+
+}  // namespace tabulorix
