@@ -8,7 +8,7 @@ declare -A packages=(
     [build]="g++ cmake make"
     [test]="doctest-dev python3"
     [check]="clang clang-format clang-tidy libclang-rt-14-dev"
-    [windows]="g++-mingw-w64-i686-win32"
+    [windows]="g++-mingw-w64-i686-win32 doctest-dev python3 wine wine32:i386 fonts-wine xvfb xauth"
 )
 
 wanted=()
@@ -36,8 +36,33 @@ if [[ $EUID -ne 0 ]]; then
         { echo "setup.sh: install as root, please: ${missing[*]}" >&2; exit 1; }
     as_root=(sudo)
 fi
+
+preference=/etc/apt/preferences.d/tabulorix-setup
+
+# Lists that are missing or old do not know the packages. One that cannot be fetched need not matter.
+update() {
+    "${as_root[@]}" apt-get update --quiet || true
+}
+
+install() {
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install --yes --quiet --no-install-recommends "$@" "${missing[@]}"
+}
+
+# A library that is there for two architectures has the same version in both. When the security
+# archive lists an update for one of them only, the main archive's version, which both have, must do.
+install_from_main_archive() {
+    trap '"${as_root[@]}" rm -f "$preference"' EXIT
+    printf 'Package: *\nPin: release l=Debian\nPin-Priority: 1001\n' |
+        "${as_root[@]}" tee "$preference" >/dev/null
+    install --allow-downgrades
+}
+
 echo "Installing what is missing to $* Tabulorix: ${missing[*]}"
-install=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive
-    apt-get install --yes --quiet --no-install-recommends "${missing[@]}")
-# Lists that are missing or old do not know the packages.
-"${install[@]}" 2>/dev/null || { "${as_root[@]}" apt-get update --quiet && "${install[@]}"; }
+if [[ "${missing[*]}" != *:i386* ]]; then
+    install 2>/dev/null || { update && install; }
+else
+    "${as_root[@]}" dpkg --add-architecture i386
+    update
+    install || install_from_main_archive
+fi
