@@ -5,7 +5,8 @@
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 
-"$root/scripts/setup.sh" build
+# The tests are configured with the rest, though only the program is built.
+"$root/scripts/setup.sh" build test
 (
     cd "$root"
     cmake --preset release
