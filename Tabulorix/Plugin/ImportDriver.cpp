@@ -1,5 +1,7 @@
 #include "ImportDriver.h"
 
+#include <utility>
+
 #include "Converter.h"
 #include "Exceptions.h"
 #include "FileName.h"
@@ -30,7 +32,7 @@ void IgnoreFailure(Step step) noexcept {
 
 class DeletedFile {
 public:
-    explicit DeletedFile(FileName file) noexcept : m_File(static_cast<FileName&&>(file)) {}
+    explicit DeletedFile(FileName file) noexcept : m_File(std::move(file)) {}
     ~DeletedFile() {
         IgnoreFailure([this] { m_File.Delete(); });
     }

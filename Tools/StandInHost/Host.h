@@ -5,7 +5,7 @@
 #include <array>
 #include <string>
 
-#include "DialogAnswers.h"
+#include "DialogAnswers_win32.h"
 #include "Script.h"
 #include "VeltrasoApi.h"
 

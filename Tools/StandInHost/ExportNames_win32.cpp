@@ -1,5 +1,3 @@
-#include "ExportNames.h"
-
 #include <windows.h>
 
 #include <array>
@@ -7,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "ExportNames.h"
 #include "Log.h"
 
 namespace standin {

@@ -1,4 +1,4 @@
-#include "DialogAnswers.h"
+#include "DialogAnswers_win32.h"
 
 #include <algorithm>
 #include <cstdlib>
