@@ -62,14 +62,16 @@ void FileName::Delete() const {
 }
 
 FileName FileName::CreateTemporary() {
-    const STR folder = GetTemporaryFolder();
+    const STR folder = GetFullPath(GetTemporaryFolder());
     const FileCreation created = CreateUniqueFile(folder, {});
     if (!created.m_Result.Succeeded()) {
         RecordThrowLocation("FileName", __LINE__);
         throw FileOpenWriteFailedException(STR("Could not make a file in ") + folder + ": " +
                                            created.m_Result.m_Error);
     }
-    return FileName(created.m_Path);
+    FileName file;
+    file.m_Path = created.m_Path;
+    return file;
 }
 
 void FileName::SetTypeAndCreator(const char* /*type*/, const char* /*creator*/) const noexcept {}

@@ -8,6 +8,7 @@
 #include <climits>
 #include <compare>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "STR.h"
@@ -37,25 +38,59 @@ FileContents ReadWholeFile(const STR& path, int mostBytes = kMostBytesRead);
 // Everything from standard input to its end, as bytes.
 FileContents ReadStandardInput();
 
-// Replaces or makes the file; checked through to the close. After a failure the file is incomplete.
+// Replaces or makes the file; checked through to the close. After a failure the file is incomplete,
+// so this is for devices and pipes, which nothing can replace.
 FileResult WriteWholeFile(const STR& path, std::string_view bytes);
 // All the bytes to standard output, past the buffers of the C library.
 FileResult WriteStandardOutput(std::string_view bytes);
 
+// A file that was not there before, open for writing, and removed again with this object unless it
+// has been kept or moved.
+//
+// It is written through the handle that made it: whoever takes its name away in the meantime, and
+// puts another file or a link there, gets nothing written into it. One failure ends its use.
+class NewFile {
+public:
+    // Fails when anything has this name, also a link that leads nowhere.
+    static NewFile At(const STR& path);
+    // Of a unique name with the extension "tmp", which is hidden with the usual prefix, and private
+    // to its owner on systems with user rights.
+    static NewFile In(const STR& folder, const STR& prefix = ".tabulorix-");
+    ~NewFile();
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+
+    // Whether it could be made. When not, all other operations fail.
+    const FileResult& GetCreation() const noexcept { return m_Creation; }
+    std::string_view GetPath() const noexcept { return m_Path; }
+    FileResult Write(std::string_view bytes);
+
+    // Either of these ends the writing; checked through to the close.
+    FileResult Keep();
+    // Puts the file in the place of `to` in the same folder, wholly or not at all. It takes over
+    // the permissions of the file that it replaces, else it gets those of any new file. A file that
+    // the user may not write to is not replaced.
+    FileResult MoveOver(const STR& to);
+
+private:
+    // `handle` is -1 when the system could not make the file.
+    NewFile(std::string path, std::intptr_t handle);
+    FileResult Close();
+
+    std::string m_Path;      // empty when there is nothing to remove
+    std::intptr_t m_Handle;  // -1 when it is not open
+    FileResult m_Creation;
+};
+
 struct FileCreation {
-    STR m_Path;  // empty when it failed
+    STR m_Path;
     FileResult m_Result;
 };
 
-// A new empty file of a unique name with the extension "tmp" in `folder`, made by nobody else
-// before: never an existing file or a link. Systems with user rights make it private to its owner.
-// The system may shorten the prefix.
+// A new empty file as the system names such files: of a unique name with the extension "tmp" in
+// `folder`, never an existing file or a link. The system may shorten the prefix.
 FileCreation CreateUniqueFile(const STR& folder, const STR& prefix);
 
-// Puts the private file `from` in the place of `to`, wholly or not at all. It takes over the
-// permissions of the file that it replaces, else it gets those of any new file. A file that the
-// user may not write to is not replaced. Both are in one folder.
-FileResult MoveFileOver(const STR& from, const STR& to);
 // Fails also when there is no such file.
 FileResult RemoveFile(const STR& path);
 

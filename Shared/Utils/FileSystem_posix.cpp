@@ -7,6 +7,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "FileName.h"
 #include "FileSystem.h"
@@ -32,26 +33,26 @@ auto Retry(Call call) {
     return result;
 }
 
+// Some systems find out here only that the bytes have no room. An interrupted close has closed.
+FileResult CloseChecked(int descriptor) {
+    return ::close(descriptor) == 0 || errno == EINTR ? FileResult() : LastError();
+}
+
 class Descriptor {
 public:
     Descriptor(const STR& path, int flags)
         : m_Number(Retry([&] { return ::open(path.GetText(), flags | O_CLOEXEC, 0666); })) {}
-    ~Descriptor() { Close(); }
+    ~Descriptor() {
+        if (IsOpen()) {
+            ::close(m_Number);
+        }
+    }
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
 
     bool IsOpen() const noexcept { return m_Number >= 0; }
     int GetNumber() const noexcept { return m_Number; }
-
-    // Some systems find out here only that the bytes have no room. An interrupted close has closed.
-    FileResult Close() {
-        const int number = m_Number;
-        m_Number = -1;
-        if (number >= 0 && ::close(number) != 0 && errno != EINTR) {
-            return LastError();
-        }
-        return {};
-    }
+    FileResult Close() { return CloseChecked(std::exchange(m_Number, -1)); }
 
 private:
     int m_Number;
@@ -84,6 +85,10 @@ FileResult WriteAll(int descriptor, std::string_view bytes) {
         const ssize_t count =
             Retry([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
         if (count < 0) {
+            return LastError();
+        }
+        if (count == 0) {  // who takes nothing would be asked for ever
+            errno = EIO;
             return LastError();
         }
         bytes.remove_prefix(static_cast<std::size_t>(count));
@@ -135,19 +140,55 @@ FileResult WriteStandardOutput(std::string_view bytes) {
     return WriteAll(STDOUT_FILENO, bytes);
 }
 
-FileCreation CreateUniqueFile(const STR& folder, const STR& prefix) {
-    std::string path(JoinPath(folder, prefix + "XXXXXX").View());
-    path += kUniqueEnding;
-    const int descriptor =
-        ::mkostemps(path.data(), static_cast<int>(kUniqueEnding.size()), O_CLOEXEC);
-    if (descriptor < 0) {
-        return {{}, LastError()};
+NewFile::NewFile(std::string path, std::intptr_t handle)
+    : m_Path(std::move(path)), m_Handle(handle) {
+    if (handle < 0) {
+        m_Path.clear();
+        m_Creation = LastError();
     }
-    ::close(descriptor);
-    return {STR(path), {}};
 }
 
-FileResult MoveFileOver(const STR& from, const STR& to) {
+NewFile NewFile::At(const STR& path) {
+    constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    std::string name(path.View());
+    const int number = Retry([&] { return ::open(name.c_str(), kFlags, S_IRUSR | S_IWUSR); });
+    return {std::move(name), number};
+}
+
+NewFile NewFile::In(const STR& folder, const STR& prefix) {
+    std::string name(JoinPath(folder, prefix + "XXXXXX").View());
+    name += kUniqueEnding;
+    constexpr auto kEndingLength = static_cast<int>(kUniqueEnding.size());
+    const int number = Retry([&] { return ::mkostemps(name.data(), kEndingLength, O_CLOEXEC); });
+    return {std::move(name), number};
+}
+
+NewFile::~NewFile() {
+    if (m_Handle >= 0) {
+        ::close(static_cast<int>(m_Handle));
+    }
+    if (!m_Path.empty()) {
+        ::unlink(m_Path.c_str());
+    }
+}
+
+FileResult NewFile::Write(std::string_view bytes) {
+    return WriteAll(static_cast<int>(m_Handle), bytes);
+}
+
+FileResult NewFile::Close() {
+    return CloseChecked(static_cast<int>(std::exchange(m_Handle, -1)));
+}
+
+FileResult NewFile::Keep() {
+    FileResult closed = Close();
+    if (closed) {
+        m_Path.clear();
+    }
+    return closed;
+}
+
+FileResult NewFile::MoveOver(const STR& to) {
     mode_t mode = GetOrdinaryMode();
     struct stat replaced;
     if (::stat(to.GetText(), &replaced) == 0) {
@@ -156,10 +197,26 @@ FileResult MoveFileOver(const STR& from, const STR& to) {
         }
         mode = replaced.st_mode & 0777;
     }
-    if (::chmod(from.GetText(), mode) != 0 || ::rename(from.GetText(), to.GetText()) != 0) {
+    if (::fchmod(static_cast<int>(m_Handle), mode) != 0) {
         return LastError();
     }
-    return {};
+    FileResult closed = Close();
+    if (closed && ::rename(m_Path.c_str(), to.GetText()) != 0) {
+        return LastError();
+    }
+    if (closed) {
+        m_Path.clear();
+    }
+    return closed;
+}
+
+FileCreation CreateUniqueFile(const STR& folder, const STR& prefix) {
+    NewFile file = NewFile::In(folder, prefix);
+    FileCreation created{STR(file.GetPath()), file.GetCreation()};
+    if (created.m_Result) {
+        created.m_Result = file.Keep();
+    }
+    return created;
 }
 
 FileResult RemoveFile(const STR& path) {

@@ -1,7 +1,9 @@
 #include <windows.h>
 
 #include <string>
+#include <utility>
 
+#include "FileName.h"
 #include "FileSystem.h"
 
 namespace tabulorix {
@@ -24,26 +26,27 @@ FileResult LastError() {
     return {words};
 }
 
+FileResult CloseChecked(HANDLE handle) {
+    return CloseHandle(handle) != 0 ? FileResult() : LastError();
+}
+
 class Handle {
 public:
     Handle(const STR& path, DWORD access, DWORD disposition, DWORD flags = FILE_ATTRIBUTE_NORMAL)
         : m_Handle(CreateFileA(path.GetText(), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                disposition, flags, nullptr)) {}
-    ~Handle() { Close(); }
+    ~Handle() {
+        if (IsOpen()) {
+            CloseHandle(m_Handle);
+        }
+    }
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
 
     bool IsOpen() const noexcept { return m_Handle != INVALID_HANDLE_VALUE; }
     HANDLE Get() const noexcept { return m_Handle; }
 
-    FileResult Close() {
-        const HANDLE handle = m_Handle;
-        m_Handle = INVALID_HANDLE_VALUE;
-        if (handle != INVALID_HANDLE_VALUE && CloseHandle(handle) == 0) {
-            return LastError();
-        }
-        return {};
-    }
+    FileResult Close() { return CloseChecked(std::exchange(m_Handle, INVALID_HANDLE_VALUE)); }
 
 private:
     HANDLE m_Handle;
@@ -80,9 +83,26 @@ FileResult WriteAll(HANDLE file, std::string_view bytes) {
         if (WriteFile(file, part.data(), static_cast<DWORD>(part.size()), &count, nullptr) == 0) {
             return LastError();
         }
+        if (count == 0) {  // who takes nothing would be asked for ever
+            SetLastError(ERROR_WRITE_FAULT);
+            return LastError();
+        }
         bytes.remove_prefix(count);
     }
     return {};
+}
+
+constexpr std::intptr_t kNoHandle = -1;
+
+HANDLE ToHandle(std::intptr_t number) {
+    return reinterpret_cast<HANDLE>(number);
+}
+
+// Without the flag a link that leads nowhere would be followed, and the file made at its end.
+std::intptr_t MakeFile(const char* path) {
+    return reinterpret_cast<std::intptr_t>(
+        CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ, nullptr, CREATE_NEW,
+                    FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
 }
 
 }  // namespace
@@ -120,6 +140,67 @@ FileResult WriteStandardOutput(std::string_view bytes) {
     return WriteAll(GetStdHandle(STD_OUTPUT_HANDLE), bytes);
 }
 
+NewFile::NewFile(std::string path, std::intptr_t handle)
+    : m_Path(std::move(path)), m_Handle(handle) {
+    if (handle == kNoHandle) {
+        m_Path.clear();
+        m_Creation = LastError();
+    }
+}
+
+NewFile NewFile::At(const STR& path) {
+    std::string name(path.View());
+    const std::intptr_t handle = MakeFile(name.c_str());
+    return {std::move(name), handle};
+}
+
+NewFile NewFile::In(const STR& folder, const STR& prefix) {
+    for (DWORD number = GetTickCount();; ++number) {
+        const STR unique = prefix + STR::FromInt(static_cast<int>(number & INT_MAX)) + ".tmp";
+        std::string name(JoinPath(folder, unique).View());
+        const std::intptr_t handle = MakeFile(name.c_str());
+        if (handle != kNoHandle || GetLastError() != ERROR_FILE_EXISTS) {
+            return {std::move(name), handle};
+        }
+    }
+}
+
+NewFile::~NewFile() {
+    if (m_Handle != kNoHandle) {
+        CloseHandle(ToHandle(m_Handle));
+    }
+    if (!m_Path.empty()) {
+        DeleteFileA(m_Path.c_str());
+    }
+}
+
+FileResult NewFile::Write(std::string_view bytes) {
+    return WriteAll(ToHandle(m_Handle), bytes);
+}
+
+FileResult NewFile::Close() {
+    return CloseChecked(ToHandle(std::exchange(m_Handle, kNoHandle)));
+}
+
+FileResult NewFile::Keep() {
+    FileResult closed = Close();
+    if (closed) {
+        m_Path.clear();
+    }
+    return closed;
+}
+
+FileResult NewFile::MoveOver(const STR& to) {
+    FileResult closed = Close();
+    if (closed && MoveFileExA(m_Path.c_str(), to.GetText(), MOVEFILE_REPLACE_EXISTING) == 0) {
+        return LastError();
+    }
+    if (closed) {
+        m_Path.clear();
+    }
+    return closed;
+}
+
 // The system makes the file when it is left to choose the number in its name.
 FileCreation CreateUniqueFile(const STR& folder, const STR& prefix) {
     char path[MAX_PATH];
@@ -127,12 +208,12 @@ FileCreation CreateUniqueFile(const STR& folder, const STR& prefix) {
     if (GetTempFileNameA(place.GetText(), prefix.GetText(), 0, path) == 0) {
         return {{}, LastError()};
     }
-    return {path, {}};
-}
-
-FileResult MoveFileOver(const STR& from, const STR& to) {
-    return MoveFileExA(from.GetText(), to.GetText(), MOVEFILE_REPLACE_EXISTING) != 0 ? FileResult()
-                                                                                     : LastError();
+    try {
+        return {path, {}};
+    } catch (...) {  // no memory for the name
+        DeleteFileA(path);
+        throw;
+    }
 }
 
 FileResult RemoveFile(const STR& path) {

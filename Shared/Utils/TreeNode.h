@@ -89,9 +89,13 @@ public:
     // Reads a whole file. Throws Exception "Could not open configuration file " and the path when
     // it cannot be opened, and what TreeNodeReader throws when it is not a tree.
     static std::unique_ptr<TreeNode> ReadFromFile(const STR& path);
-    // Replaces the file by this tree as text. When that fails anywhere up to the close, the result
-    // is false and says why, the error log has a line, and the file is incomplete.
+    // Replaces the file, links followed, by this tree as text, wholly or not at all. When that
+    // fails, the result is false and says why, and the error log has a line.
     FileResult WriteToFile(const STR& path) const;
+    // The same where nothing may be at the path yet.
+    FileResult WriteToNewFile(const STR& path) const;
+    // Into a file that the caller keeps or moves when all is written; the log has no line.
+    FileResult WriteInto(NewFile& file) const;
     // Appends the text of this node and its descendants, indented by `depth` tabs. The format
     // stands at the head of TreeNodeWriter.cpp.
     void WriteText(STR& output, int depth) const;

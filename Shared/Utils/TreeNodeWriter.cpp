@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <string>
 
+#include "FileName.h"
 #include "Log.h"
 #include "TVAList.h"
 #include "TreeNode.h"
@@ -84,17 +85,40 @@ std::string ComposeText(const TreeNode& root, std::size_t depth) {
     return output;
 }
 
+void LogFailure(const FileResult& written, const STR& path) {
+    if (!written) {
+        WriteErrorLog(STR("Could not write configuration file ") + path + "\n");
+    }
+}
+
 }  // namespace
 
 void TreeNode::WriteText(STR& output, int depth) const {
     output += ComposeText(*this, static_cast<std::size_t>(std::max(depth, 0)));
 }
 
+FileResult TreeNode::WriteInto(NewFile& file) const {
+    return file.GetCreation() ? file.Write(ComposeText(*this, 0)) : file.GetCreation();
+}
+
 FileResult TreeNode::WriteToFile(const STR& path) const {
-    FileResult written = WriteWholeFile(path, ComposeText(*this, 0));
-    if (!written) {
-        WriteErrorLog(STR("Could not write configuration file ") + path + "\n");
+    const STR target = ResolveLinks(path);
+    NewFile file = NewFile::In(GetFolderPart(target));
+    FileResult written = WriteInto(file);
+    if (written) {
+        written = file.MoveOver(target);
     }
+    LogFailure(written, path);
+    return written;
+}
+
+FileResult TreeNode::WriteToNewFile(const STR& path) const {
+    NewFile file = NewFile::At(path);
+    FileResult written = WriteInto(file);
+    if (written) {
+        written = file.Keep();
+    }
+    LogFailure(written, path);
     return written;
 }
 

@@ -23,11 +23,10 @@ RhythmSource GetRhythmSource(const ScoreGeneration& generation) {
     return generation.HasSpacedRhythms() ? RhythmSource::Spacing : RhythmSource::NotShown;
 }
 
-// Nobody may be given half a score.
+// Nobody may be given half a score, nor is it written over anything.
 void WriteScore(const TreeNode& document, const STR& scorePath) {
-    const FileResult written = document.WriteToFile(scorePath);
+    const FileResult written = document.WriteToNewFile(scorePath);
     if (!written) {
-        RemoveFile(scorePath);
         RecordThrowLocation("Converter", __LINE__);
         throw FileSaveFailedException(STR("Could not write the score file ") + scorePath + ": " +
                                       written.m_Error);

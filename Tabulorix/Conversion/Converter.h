@@ -29,13 +29,13 @@ public:
     // with empty captions) and the messages about dropped lines.
     Converter(PluginOutput& output, RhythmLevel level) : m_Output(output), m_Level(level) {}
 
-    // Converts the file at `inputPath` into the blank score `document` and writes that to
-    // `scorePath`, also when the tab has no bars. True when it has some, and also, with nothing
-    // written, when the document has no place for music.
+    // Converts the file at `inputPath` into the blank score `document` and writes that to a new
+    // file at `scorePath`, also when the tab has no bars. True when it has some, and also, with
+    // nothing written, when the document has no place for music.
     //
     // A file that cannot be opened reads as an empty text. Throws ConverterCancelled when the user
-    // cancels, and FileSaveFailedException when the score cannot be written completely; an
-    // incomplete file is removed before.
+    // cancels, and FileSaveFailedException when the score cannot be written completely, also when
+    // something is at its path already; an incomplete file is removed before.
     bool Convert(const STR& inputPath, TreeNode& document, const STR& scorePath);
 
     // The same for text that is in memory already, byte for byte as in a file.

@@ -1,10 +1,12 @@
 #include "ImportDriver.h"
 
+#include <optional>
 #include <utility>
 
 #include "Converter.h"
 #include "Exceptions.h"
 #include "FileName.h"
+#include "FileSystem.h"
 #include "HostCallbacks.h"
 #include "NodeAllocator.h"
 #include "PluginOutput.h"
@@ -18,6 +20,8 @@ namespace {
 
 constexpr const char* kTitle = "Tabulorix";
 constexpr const char* kScoreExtension = "vif";
+// How many names are tried. A score is never written over what is there.
+constexpr int kMostPlaces = 100;
 constexpr int kProgressBegins = 0;
 constexpr int kProgressEnds = 100;
 
@@ -32,17 +36,33 @@ void IgnoreFailure(Step step) noexcept {
 
 class DeletedFile {
 public:
-    explicit DeletedFile(FileName file) noexcept : m_File(std::move(file)) {}
+    explicit DeletedFile(STR path) noexcept : m_Path(std::move(path)) {}
     ~DeletedFile() {
-        IgnoreFailure([this] { m_File.Delete(); });
+        IgnoreFailure([this] { RemoveFile(m_Path); });
     }
     DeletedFile(const DeletedFile&) = delete;
     DeletedFile& operator=(const DeletedFile&) = delete;
 
-    const FileName& Get() const noexcept { return m_File; }
+private:
+    STR m_Path;
+};
+
+// The place of one score: a unique name of the system's choice, held by an empty file with another
+// extension. The score's own name may be in use nevertheless.
+class ScorePlace {
+public:
+    ScorePlace() : ScorePlace(FileName::CreateTemporary()) {}
+
+    const FileName& GetScore() const noexcept { return m_Score; }
+    bool IsTaken() const { return GetPathKind(m_Score.GetPath()) != PathKind::Nothing; }
 
 private:
-    FileName m_File;
+    explicit ScorePlace(const FileName& placeholder)
+        : m_Placeholder(placeholder.GetPath()),
+          m_Score(placeholder.WithExtension(kScoreExtension)) {}
+
+    DeletedFile m_Placeholder;
+    FileName m_Score;
 };
 
 void PrepareOutput(const STR& shownName) {
@@ -58,7 +78,7 @@ void PrepareOutput(const STR& shownName) {
 void HandOver(const STR& scorePath) {
     const HostCallbacks& host = GetHostCallbacks();
     if (host.HasLoadTempFile()) {
-        const DeletedFile score{FileName(scorePath)};
+        const DeletedFile score(scorePath);
         host.LoadTempFile(scorePath);
     }
 }
@@ -115,10 +135,12 @@ int OpenTabFile(const char* path, RhythmDialog& dialog) {
 }
 
 bool ImportTabFile(const STR& path, STR& scorePath, const STR& settingsFolder) {
-    const DeletedFile placeholder(FileName::CreateTemporary());
-    const FileName score = placeholder.Get().WithExtension(kScoreExtension);
-    score.SetTypeAndCreator("VELI", "VELE");
-    scorePath = score.GetPath();
+    std::optional<ScorePlace> place;
+    for (int i = 0; i < kMostPlaces && (!place || place->IsTaken()); ++i) {
+        place.emplace();
+    }
+    place->GetScore().SetTypeAndCreator("VELI", "VELE");
+    scorePath = place->GetScore().GetPath();
     NodeAllocator::Reset();
     bool isConverted = false;
     IgnoreFailure([&] { isConverted = Convert(path, scorePath, settingsFolder); });

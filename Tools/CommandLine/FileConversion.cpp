@@ -9,7 +9,7 @@
 #include "FileName.h"
 #include "ScoreTemplate.h"
 #include "TabRecognition.h"
-#include "TemporaryFile.h"
+#include "Terminal.h"
 
 namespace tabulorix {
 
@@ -116,8 +116,15 @@ void FileConverter::ConvertFile(const STR& file) {
     CheckReplacesNothingNeeded(target);
     const STR bytes = ReadInput(file);
     CheckIsTab(bytes);
-    const STR description = WriteScore(target, bytes);
-    m_Output.PrintSummary(STR(" -> ") + target.m_ShownName + ": " + description);
+    Converter converter(m_Output, m_Arguments.m_RhythmLevel);
+    const std::unique_ptr<TreeNode> document = MakeDocument();
+    converter.FillScore(bytes, *document);
+    if (converter.GetSummary().m_StaveCount == 0) {
+        Refuse("there is no tab stave in it, so it has no score");
+    }
+    const STR summary = STR(" -> ") + target.m_ShownName + ": " + Describe(converter.GetSummary());
+    WriteScore(target, *document);
+    m_Output.PrintSummary(summary);
 }
 
 void FileConverter::CheckReplacesNothingNeeded(const ScoreTarget& target) const {
@@ -133,32 +140,31 @@ void FileConverter::CheckReplacesNothingNeeded(const ScoreTarget& target) const 
     }
 }
 
-// Gives back the description of what was found.
-STR FileConverter::WriteScore(const ScoreTarget& target, const STR& bytes) {
-    Converter converter(m_Output, m_Arguments.m_RhythmLevel);
-    const std::unique_ptr<TreeNode> document = MakeDocument();
-    converter.FillScore(bytes, *document);
-    if (converter.GetSummary().m_StaveCount == 0) {
-        Refuse("there is no tab stave in it, so it has no score");
-    }
+void FileConverter::WriteScore(const ScoreTarget& target, const TreeNode& document) {
     if (target.m_Kind == ScoreTarget::Kind::File) {
-        WriteFile(target, *document);
+        WriteFile(target, document);
     } else {
-        WriteStream(target, *document);
+        WriteStream(target, document);
     }
-    return Describe(converter.GetSummary());
 }
 
 void FileConverter::WriteFile(const ScoreTarget& target, const TreeNode& document) {
     if (!target.m_Folder.IsEmpty() && GetPathKind(target.m_Folder) == PathKind::Nothing) {
         Require(MakeFolder(target.m_Folder), STR("cannot make the folder ") + target.m_Folder);
     }
+    // A request to end the program is only noted while there may be a file to remove.
+    const InterruptGuard guard;
+    const STR folder = GetFolderPart(target.m_Path);
+    NewFile score = NewFile::In(folder);
+    Require(score.GetCreation(), STR("cannot make a file in ") +
+                                     (folder.IsEmpty() ? STR("the current folder") : folder));
     const STR problem = STR("cannot write ") + target.m_ShownName;
-    TemporaryFile temporary(GetFolderPart(target.m_Path));
-    Require(document.WriteToFile(temporary.GetPath()), problem);
+    Require(document.WriteInto(score), problem);
     m_Output.SetProgress(100, {});
-    Require(temporary.MoveTo(target.m_Path), problem);
-    m_WrittenScores.insert(GetFileIdentity(target.m_Path));
+    // Nothing can fail any more once the score has its place.
+    std::set<FileIdentity> written = {GetFileIdentity(score.GetPath())};
+    Require(score.MoveOver(target.m_Path), problem);
+    m_WrittenScores.merge(written);
 }
 
 void FileConverter::WriteStream(const ScoreTarget& target, const TreeNode& document) {

@@ -27,7 +27,7 @@ private:
     // These throw Exception with the reason when it cannot be done.
     void ConvertFile(const STR& file);
     void CheckReplacesNothingNeeded(const ScoreTarget& target) const;
-    STR WriteScore(const ScoreTarget& target, const STR& bytes);
+    void WriteScore(const ScoreTarget& target, const TreeNode& document);
     void WriteFile(const ScoreTarget& target, const TreeNode& document);
     void WriteStream(const ScoreTarget& target, const TreeNode& document);
     std::unique_ptr<TreeNode> MakeDocument();

@@ -1,5 +1,7 @@
 #include <doctest/doctest.h>
 
+#include <filesystem>
+
 #include "FileName.h"
 #include "FileSystem.h"
 
@@ -63,17 +65,36 @@ TEST_CASE("Files are read and replaced whole, and failures tell why") {
     CHECK_FALSE(ReadWholeFile(path, 4).m_Result.Succeeded());
     CHECK_FALSE(ReadWholeFile(GetTemporaryFolder()).m_Result.Succeeded());
 
-    const STR moved = path + ".moved";
-    CHECK(GetFileIdentity(moved) == FileIdentity());
-    CHECK(WriteWholeFile(moved, "old").Succeeded());
-    const FileIdentity identity = GetFileIdentity(path);
-    CHECK(MoveFileOver(path, moved).Succeeded());
-    CHECK(ReadWholeFile(moved).m_Bytes == STR(bytes));
-    CHECK(GetFileIdentity(moved) == identity);
-    CHECK_FALSE(ReadWholeFile(path).m_Result.Succeeded());
-    CHECK_FALSE(MoveFileOver(path, moved).Succeeded());
-    CHECK(RemoveFile(moved).Succeeded());
-    CHECK_FALSE(RemoveFile(moved).Succeeded());
+    CHECK(RemoveFile(path).Succeeded());
+    CHECK_FALSE(RemoveFile(path).Succeeded());
+}
+
+TEST_CASE("A new file is nobody else's, and there is one only when it is complete") {
+    const STR folder = FileName::CreateTemporary().GetPath();
+    REQUIRE(RemoveFile(folder).Succeeded());
+    REQUIRE(MakeFolder(folder).Succeeded());
+    const STR path = JoinPath(folder, "score");
+    CHECK(NewFile::At(path).Write("half").Succeeded());
+    CHECK(GetPathKind(path) == PathKind::Nothing);
+    {
+        NewFile kept = NewFile::At(path);
+        CHECK(kept.Write("old").Succeeded());
+        CHECK(kept.Keep().Succeeded());
+    }
+    CHECK_FALSE(NewFile::At(path).GetCreation().Succeeded());
+    CHECK(NewFile::In(folder).Write("half").Succeeded());
+    CHECK(ReadWholeFile(path).m_Bytes == "old");
+    {
+        NewFile moved = NewFile::In(folder);
+        CHECK(moved.Write("new").Succeeded());
+        CHECK(moved.MoveOver(path).Succeeded());
+    }
+    CHECK(ReadWholeFile(path).m_Bytes == "new");
+    CHECK_FALSE(NewFile::In(folder).MoveOver(folder).Succeeded());
+    // Nothing else is in the folder.
+    CHECK(RemoveFile(path).Succeeded());
+    std::filesystem::remove(folder.GetText());
+    CHECK(GetPathKind(folder) == PathKind::Nothing);
 }
 
 }  // namespace tabulorix
