@@ -196,6 +196,8 @@ FileResult NewFile::MoveOver(const STR& to) {
             return LastError();
         }
         mode = replaced.st_mode & 0777;
+    } else if (errno != ENOENT) {  // who might read the file is not known
+        return LastError();
     }
     if (::fchmod(static_cast<int>(m_Handle), mode) != 0) {
         return LastError();

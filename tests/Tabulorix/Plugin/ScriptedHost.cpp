@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "FaultPause.h"
 #include "HostCallbacks.h"
 #include "HostModule.h"
 #include "ImportDriver.h"
@@ -22,6 +23,7 @@ std::string Text(std::uintptr_t cookie) {
 }
 
 int LoadTempFile(const char* scorePath) {
+    const FaultPause pause;
     g_Host->m_ScorePath = scorePath;
     g_Host->m_Score = ReadWholeFile(scorePath).m_Bytes.View();
     return Record("load");
@@ -29,24 +31,29 @@ int LoadTempFile(const char* scorePath) {
 
 int ReportResult(const char* title, const char* fileName, int kind, int location1, int location2,
                  const char* text) {
+    const FaultPause pause;
     return Record(std::string("result ") + title + " " + fileName + " " + std::to_string(kind) +
                   " " + std::to_string(location1) + " " + std::to_string(location2) + " " + text);
 }
 
 int UpdateProgress(std::uintptr_t cookie, int percent, const char* caption) {
+    const FaultPause pause;
     return Record(Text(cookie) + "update " + std::to_string(percent) + caption);
 }
 
 int DestroyProgress(std::uintptr_t cookie) {
+    const FaultPause pause;
     return Record(Text(cookie) + "destroy");
 }
 
 int CreateProgress(std::uintptr_t cookie, const char* title, int minimum, int maximum, int last) {
+    const FaultPause pause;
     return Record(Text(cookie) + "create " + title + " " + std::to_string(minimum) + " " +
                   std::to_string(maximum) + " " + std::to_string(last));
 }
 
 int ChooseInstruments(std::uintptr_t value1, std::uintptr_t value2) {
+    const FaultPause pause;
     return Record("choose") + static_cast<int>(10 * value1 + value2);
 }
 
@@ -137,6 +144,7 @@ std::string ScriptedHost::Import(const STR& path) {
 
 RhythmDialog::Answer ScriptedHost::Show(void* parentWindow, ImportOptions& options) {
     options.Save();
+    const FaultPause pause;
     Record("dialog " + std::to_string(options.GetStoredLevel()) +
            (parentWindow == this ? "" : " wrong parent"));
     if (m_Answer.m_IsConfirmed) {
