@@ -26,6 +26,6 @@ in_display python3 tests/Windows/PluginTest.py build/win32 "$elsewhere/build/win
 if [[ $# -eq 0 ]]; then
     for program in build/win32/fuzz/fuzz_*.exe; do
         target=$(basename "$program" .exe)
-        in_display wine "$program" fuzz/*/"${target#fuzz_}"
+        wine "$program" fuzz/*/"${target#fuzz_}"
     done
 fi
