@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 folders=(Shared Tabulorix Tools tests fuzz)
 
 scripts/setup.sh build test check
-find "${folders[@]}" resources -name '*.h' -o -name '*.cpp' | sort |
+find "${folders[@]}" bench resources -name '*.h' -o -name '*.cpp' | sort |
     xargs clang-format --dry-run -Werror
 echo "The format is right."
 
