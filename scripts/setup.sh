@@ -6,7 +6,7 @@ set -euo pipefail
 
 declare -A packages=(
     [build]="g++ cmake make"
-    [test]="doctest-dev python3"
+    [test]="doctest-dev locales python3"
     [check]="clang clang-format clang-tidy libclang-rt-14-dev"
     [windows]="g++-mingw-w64-i686-win32 doctest-dev python3 wine wine32:i386 fonts-wine xvfb xauth"
 )
