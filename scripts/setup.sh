@@ -1,13 +1,18 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a task needs and the machine lacks; silent when it lacks none.
 #
-#     scripts/setup.sh GROUP...      build, test, check, windows
+#     scripts/setup.sh GROUP...
+#
+# The groups are build, test, check, bench, sanitize32, coverage, windows.
 set -euo pipefail
 
 declare -A packages=(
     [build]="g++ cmake make"
     [test]="doctest-dev locales python3"
     [check]="clang clang-format clang-tidy libclang-rt-14-dev"
+    [bench]="libbenchmark-dev libpugixml-dev python3"
+    [sanitize32]="g++-multilib"
+    [coverage]="gcovr"
     [windows]="g++-mingw-w64-i686-win32 doctest-dev python3 wine wine32:i386 fonts-wine xvfb xauth"
 )
 

@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
-# Builds the plug-in and tests it in Windows processes, beside the native program:
+# Builds the plug-in and tests it in Windows processes, beside the native program; then replays the
+# inputs of the fuzz targets:
 #
-#     scripts/test_windows.sh [TEST...]      all, or tests by name (PluginTest.test_cycles)
+#     scripts/test_windows.sh [TEST...]      all, or tests of the plug-in by name
+#                                            (PluginTest.test_cycles)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -21,3 +23,9 @@ tar -c --exclude=./build --exclude=./.git . | tar -x -C "$elsewhere"
 source scripts/windows.sh
 prepare_wine
 in_display python3 tests/Windows/PluginTest.py build/win32 "$elsewhere/build/win32" build/dev "$@"
+if [[ $# -eq 0 ]]; then
+    for program in build/win32/fuzz/fuzz_*.exe; do
+        target=$(basename "$program" .exe)
+        wine "$program" fuzz/*/"${target#fuzz_}"
+    done
+fi

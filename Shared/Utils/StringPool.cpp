@@ -70,7 +70,7 @@ public:
     Entry* Find(std::string_view text, std::uint32_t hash) noexcept {
         for (Entry* entry = GetChain(hash); entry != nullptr; entry = entry->m_Next) {
             if (entry->m_Hash == hash && entry->m_Length == text.size() &&
-                std::memcmp(entry->GetCharacters(), text.data(), text.size()) == 0) {
+                EqualShortBytes(entry->GetCharacters(), text.data(), text.size())) {
                 return entry;
             }
         }

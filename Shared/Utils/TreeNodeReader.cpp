@@ -8,15 +8,11 @@
 #include "Log.h"
 #include "TVAList.h"
 #include "TreeScanner.h"
-#include "UserLocale.h"
+#include "Utf16Text.h"
 
 namespace tabulorix {
 
 namespace {
-
-constexpr std::string_view kLostBytesWarning =
-    "Trying to read a Unicode text TreeNode that has characters that translate to multibyte chars "
-    "and we can't copy with this\n";
 
 // By whether the node has a label, and whether it has a text.
 constexpr const char* kRightBraceErrors[2][2] = {
@@ -46,72 +42,6 @@ STR ComposeError(std::string_view message, const STR& fileName, int lineNumber,
     line += "\n";
     return line;
 }
-
-// UTF-16 text without its byte-order mark. An odd byte at the end is no unit.
-class Utf16Text {
-public:
-    Utf16Text(std::string_view bytes, bool isBigEndian)
-        : m_Bytes(bytes), m_IsBigEndian(isBigEndian) {}
-
-    std::size_t GetUnitCount() const noexcept { return m_Bytes.size() / 2; }
-
-    // One byte for each unit, in the 8-bit code page.
-    std::unique_ptr<char[]> Narrow() {
-        const std::size_t count = GetUnitCount();
-        auto result = std::make_unique_for_overwrite<char[]>(count);
-        char* narrow = result.get();
-        for (std::size_t i = 0; i < count;) {
-            if (count - i >= 4 && NarrowFourAscii(i, narrow + i)) {
-                i += 4;
-            } else {
-                narrow[i] = NarrowUnit(GetUnit(i));
-                ++i;
-            }
-        }
-        return result;
-    }
-
-    // Writes the warning for each of the first units that lost something.
-    void WarnOfLostBytes(std::size_t unitCount) const {
-        for (std::size_t i = 0; m_HasLostBytes && i < unitCount; ++i) {
-            if (NarrowUtf16Unit(GetUnit(i)).m_ByteCount > 1) {
-                WriteDebugLog(kLostBytesWarning);
-            }
-        }
-    }
-
-private:
-    char16_t GetUnit(std::size_t index) const noexcept {
-        const auto first = static_cast<unsigned char>(m_Bytes[2 * index]);
-        const auto second = static_cast<unsigned char>(m_Bytes[2 * index + 1]);
-        return static_cast<char16_t>(m_IsBigEndian ? first << 8 | second : second << 8 | first);
-    }
-
-    char NarrowUnit(char16_t unit) {
-        const NarrowCharacter character = NarrowUtf16Unit(unit);
-        m_HasLostBytes = m_HasLostBytes || character.m_ByteCount > 1;
-        return character.m_FirstByte;
-    }
-
-    // Does nothing and returns false unless all four units from `index` on are ASCII.
-    bool NarrowFourAscii(std::size_t index, char* narrow) const noexcept {
-        std::uint64_t units = LoadBytes8(m_Bytes.data() + 2 * index);
-        const std::uint64_t notAscii = m_IsBigEndian ? 0x80FF80FF80FF80FF : 0xFF80FF80FF80FF80;
-        if ((units & notAscii) != 0) {
-            return false;
-        }
-        units >>= m_IsBigEndian ? 8 : 0;
-        narrow[0] = static_cast<char>(units);
-        narrow[1] = static_cast<char>(units >> 16);
-        narrow[2] = static_cast<char>(units >> 32);
-        narrow[3] = static_cast<char>(units >> 48);
-        return true;
-    }
-
-    std::string_view m_Bytes;
-    bool m_IsBigEndian;
-    bool m_HasLostBytes = false;
-};
 
 // The nodes that are in no list yet: the open nodes, from the root down, and behind each of them
 // its finished children. Owns them all.
@@ -262,7 +192,9 @@ private:
             m_FoundText = STR(text);
             return {};
         }
-        if (m_Guess->m_Text.View() != text) {
+        const std::string_view guess = m_Guess->m_Text.View();
+        if (guess.size() != text.size() ||
+            !EqualShortBytes(guess.data(), text.data(), text.size())) {
             m_Guess->m_Text = PooledString(text);
         }
         PooledString result = m_Guess->m_Text;
@@ -271,8 +203,9 @@ private:
     }
 
     // A document repeats itself: a label has the text that it had last time, and the label behind
-    // it that it had last time. Trying these first spares most of the look-ups in the pool. The
-    // place goes by the last label's hash; a wrong guess costs no more than a look-up.
+    // it that it had last time. Trying these first spares most of the look-ups in the pool, and an
+    // eighth of the time. The place goes by the last label's hash; a wrong guess costs no more than
+    // a look-up.
     static constexpr std::uint32_t kGuessCount = 256;
 
     TreeScanner m_Scanner;

@@ -60,7 +60,13 @@ struct Level {
     int m_NextChild;
 };
 
-std::string ComposeText(const TreeNode& root, std::size_t depth) {
+// What is handed on at once: little enough to stay in the processor's caches, so that a score takes
+// no memory of its own size beside the tree.
+constexpr std::size_t kPieceSize = 64 * 1024;
+
+// Hands the text on in pieces, until one is not taken.
+template <typename Take>
+FileResult WritePieces(const TreeNode& root, std::size_t depth, Take take) {
     std::string output;
     TVAList<Level> levels;
     WriteHead(output, root, depth);
@@ -81,8 +87,14 @@ std::string ComposeText(const TreeNode& root, std::size_t depth) {
             }
             levels.RemoveLast();
         }
+        if (output.size() >= kPieceSize) {
+            if (FileResult taken = take(output); !taken) {
+                return taken;
+            }
+            output.clear();
+        }
     }
-    return output;
+    return take(output);
 }
 
 void LogFailure(const FileResult& written, const STR& path) {
@@ -94,11 +106,17 @@ void LogFailure(const FileResult& written, const STR& path) {
 }  // namespace
 
 void TreeNode::WriteText(STR& output, int depth) const {
-    output += ComposeText(*this, static_cast<std::size_t>(std::max(depth, 0)));
+    WritePieces(*this, static_cast<std::size_t>(std::max(depth, 0)), [&](std::string_view piece) {
+        output += piece;
+        return FileResult();
+    });
 }
 
 FileResult TreeNode::WriteInto(NewFile& file) const {
-    return file.GetCreation() ? file.Write(ComposeText(*this, 0)) : file.GetCreation();
+    if (!file.GetCreation()) {
+        return file.GetCreation();
+    }
+    return WritePieces(*this, 0, [&file](std::string_view piece) { return file.Write(piece); });
 }
 
 FileResult TreeNode::WriteToFile(const STR& path) const {

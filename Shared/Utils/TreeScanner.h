@@ -6,9 +6,10 @@
 #include <climits>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
+
+#include "LittleEndian.h"
 
 namespace tabulorix {
 
@@ -105,7 +106,8 @@ private:
     }
 
     bool SkipWord(std::string_view word) noexcept {
-        if (!std::string_view(m_At, static_cast<std::size_t>(m_End - m_At)).starts_with(word)) {
+        if (static_cast<std::size_t>(m_End - m_At) < word.size() ||
+            !EqualShortBytes(m_At, word.data(), word.size())) {
             return false;
         }
         const char* end = m_At + word.size();

@@ -229,7 +229,7 @@ class CommandLineTest(unittest.TestCase):
 
     def test_failed_writes_keep_the_earlier_score(self):
         def limit_files():
-            resource.setrlimit(resource.RLIMIT_FSIZE, (5000, 5000))
+            resource.setrlimit(resource.RLIMIT_FSIZE, (100_000, 100_000))
 
         write("song.vif", "earlier")
         status, out, err = self.run_program("song.tab", preexec_fn=limit_files)
