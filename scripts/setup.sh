@@ -8,7 +8,7 @@ set -euo pipefail
 
 declare -A packages=(
     [build]="g++ cmake make"
-    [test]="doctest-dev python3"
+    [test]="doctest-dev locales python3"
     [check]="clang clang-format clang-tidy libclang-rt-14-dev"
     [bench]="libbenchmark-dev libpugixml-dev python3"
     [sanitize32]="g++-multilib"

@@ -274,6 +274,21 @@ class CommandLineTest(unittest.TestCase):
         self.assertEqual((status, err), (1, "tabulorix: song.tab: cannot write standard output: "
                                             "Broken pipe\n"))
 
+    def test_full_disk(self):
+        os.mkdir("disk")
+        mount = ["mount", "-t", "tmpfs", "-o", "size=64k", "tmpfs", "disk"]
+        if os.geteuid() != 0 or subprocess.run(mount, capture_output=True).returncode != 0:
+            self.skipTest("SKIPPED: only root can make a small disk")
+        try:
+            write("disk/song.vif", "earlier")
+            status, _, err = self.run_program("-o", "disk", "song.tab")
+            self.assertEqual((status, err), (1, "tabulorix: song.tab: cannot write disk/song.vif: "
+                                                "No space left on device\n"))
+            self.assertEqual(os.listdir("disk"), ["song.vif"])
+            self.assertEqual(read("disk/song.vif"), b"earlier")
+        finally:
+            subprocess.run(["umount", "disk"], check=True)
+
     def test_lack_of_memory(self):
         def limit_memory():
             resource.setrlimit(resource.RLIMIT_AS, (40_000_000, 40_000_000))
@@ -281,10 +296,13 @@ class CommandLineTest(unittest.TestCase):
         if self.run_program("--version", preexec_fn=limit_memory)[0] != 0:
             self.skipTest("this build does not start in little memory")
         write("long.tab", TOO_LONG_TO_CATCH)
-        status, out, err = self.run_program("long.tab", "song.tab", preexec_fn=limit_memory)
-        self.assertEqual((status, err),
-                         (1, "tabulorix: long.tab: there is not enough memory for it\n"))
-        self.assertEqual(out, f"song.tab -> song.vif: {FOUND}\n")
+        # The staves of a run of lines overlap, so that its bars are more than its bytes.
+        write("tall.tab", "|--------1---|\n" * 20_000)
+        for name in ("long.tab", "tall.tab"):
+            status, out, err = self.run_program(name, "song.tab", preexec_fn=limit_memory)
+            self.assertEqual((status, err),
+                             (1, f"tabulorix: {name}: there is not enough memory for it\n"))
+            self.assertEqual(out, f"song.tab -> song.vif: {FOUND}\n")
 
     def test_interrupts(self):
         write("long.tab", TOO_LONG_TO_CATCH)

@@ -1,6 +1,7 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <clocale>
 #include <stdexcept>
 
 #include "HostCallbacks.h"
@@ -209,6 +210,25 @@ TEST_CASE("What the host calls from inside an import does not disturb it") {
         CHECK(GetHostCallbacks().ChooseTransposingInstruments(3, 4) == 0);
         CHECK(IsQuiet());
         CHECK(host.Init() == 1);
+    }
+}
+
+TEST_CASE("The locale of the host's process changes no byte of a score") {
+    ScriptedHost host;
+    host.Init();
+    host.m_Choice = RhythmLevel::Always;
+    const STR tab = host.MakeFile("SONG.TAB", "RIFF I 1/2 \xDD\xFD\xDF\n\n" + kTab);
+    host.MakeFile("TabulorixOptions.txt", "{ RhythmLevel \"1\" Title \"I\" }");
+    const std::string score = host.Import(tab);
+    for (const char* name : {"tr_TR", "de_DE"}) {
+        if (std::setlocale(LC_ALL, name) == nullptr) {
+            MESSAGE("SKIPPED: this machine has no locale ", std::string(name));
+            continue;
+        }
+        const std::string other = host.Import(tab);
+        std::setlocale(LC_ALL, "C");
+        CHECK(!score.empty());
+        CHECK((other == score));
     }
 }
 
