@@ -62,7 +62,7 @@ struct Level {
 
 // What is handed on at once: little enough to stay in the processor's caches, so that a score takes
 // no memory of its own size beside the tree.
-constexpr std::size_t kPieceSize = 64 * 1024;
+constexpr std::size_t kPieceSize = 65536;
 
 // Hands the text on in pieces, until one is not taken.
 template <typename Take>

@@ -67,7 +67,7 @@ void SetUniqueFileHook(std::function<void(const std::string&)> hook) {
 
 using namespace tabulorix;
 
-// NOLINTBEGIN(bugprone-reserved-identifier): the linker chooses these names.
+// NOLINTBEGIN(bugprone-reserved-identifier,bugprone-macro-parentheses): the linker chooses these names.
 extern "C" {
 
 void* __real_malloc(std::size_t size);
@@ -143,7 +143,7 @@ WRAP_TRANSFER(write, const void)
 WRAP_UNIQUE(mkostemps)
 WRAP_UNIQUE(mkostemps64)
 }
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(bugprone-reserved-identifier,bugprone-macro-parentheses)
 
 void* operator new(std::size_t size) {
     void* block = std::malloc(size);
