@@ -9,11 +9,13 @@
 #include <functional>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "BarChords.h"
 #include "EventPreparation.h"
 #include "FretCharacters.h"
+#include "Log.h"
 #include "RhythmIndication.h"
 #include "RhythmStrategies.h"
 #include "TreeNodeReader.h"
@@ -48,6 +50,34 @@ std::string Join(const Range& range, Describe describe = {}) {
     }
     return joined;
 }
+
+inline std::string Repeat(std::string_view text, int count) {
+    std::string repeated;
+    while (count-- > 0) {
+        repeated += text;
+    }
+    return repeated;
+}
+
+// What is logged while it lives, each entry behind "debug: " or "error: ".
+class LogRecorder {
+public:
+    LogRecorder() : m_Previous(SetLogSink(Record)) { s_Log.clear(); }
+    ~LogRecorder() { SetLogSink(m_Previous); }
+    LogRecorder(const LogRecorder&) = delete;
+    LogRecorder& operator=(const LogRecorder&) = delete;
+
+    // What came since the last call.
+    std::string Take() { return std::exchange(s_Log, {}); }
+
+private:
+    static void Record(LogKind kind, std::string_view text) {
+        s_Log += Cat(kind == LogKind::Debug ? "debug: " : "error: ", text);
+    }
+
+    inline static std::string s_Log;
+    LogSink m_Previous;
+};
 
 // Keeps what the user would see, of a message only the numbers: id, kind, repeat, line numbers.
 struct RecordingOutput : PluginOutput {
@@ -94,7 +124,7 @@ inline BarMusic ReadMusic(const AnalysedTab& tab, RhythmLevel level) {
 inline std::string GetTreeText(const TreeNode& node) {
     STR text;
     node.WriteText(text, 0);
-    return text.GetText();
+    return std::string(text.View());
 }
 
 // The text of a tree that is written in any layout.

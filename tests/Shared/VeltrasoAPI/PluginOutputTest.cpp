@@ -1,91 +1,57 @@
 #include <doctest/doctest.h>
 
 #include <cfenv>
-#include <string>
 
 #include "Exceptions.h"
 #include "HostCall.h"
 #include "HostCallbacks.h"
 #include "Messages.h"
+#include "Plugin/ScriptedHost.h"
 #include "PluginOutput.h"
 
 namespace tabulorix {
 
-namespace {
-
-std::string g_Texts;
-int g_Going = 1;
-
-int Report(const char*, const char*, int, int, int, const char* text) {
-    g_Texts += std::string(text) + ".";
-    return 1;
-}
-
-int Update(std::uintptr_t, int percent, const char* caption) {
-    g_Texts += std::to_string(percent) + caption + ".";
-    return g_Going;
-}
-
-int Ignore() {
-    return 1;
-}
-
-class Module : public HostModule {
-public:
-    HostFunction FindFunction(const char* name) const noexcept override {
-        const std::string_view sought = name;
-        if (sought == "VEL_RESULTSDIALOGMESSAGE") {
-            return reinterpret_cast<HostFunction>(Report);
-        }
-        return sought == "VEL_UPDATEPROGRESSDIALOG" ? reinterpret_cast<HostFunction>(Update)
-                                                    : reinterpret_cast<HostFunction>(Ignore);
-    }
-};
-
-}  // namespace
-
 TEST_CASE("A message is reported once for a file and place") {
-    GetHostCallbacks().Resolve(std::make_unique<Module>());
-    g_Texts.clear();
-    PluginOutput output;
-    const ResId message(TABULORIX_MESSAGE_LINE_IGNORED);
-    output.ReportResult(message, 4, "a", 0);
-    output.ReportResult(message, 4, "b", 0);
-    output.ReportResult(message, 4, "c", 1);
+    ScriptedHost host;
+    host.Init();
+    PluginOutput output("x", "T");
+    const auto report = [&output](const char* text, int repeat = 0) {
+        output.ReportResult(ResId(TABULORIX_MESSAGE_LINE_IGNORED), 4, text, repeat);
+    };
+    report("a");
+    report("b");
+    report("c", 1);
     output.SetLocation1(output.GetLocation1());
-    output.ReportResult(message, 4, "d", 0);
+    report("d");
     output.SetLocation1(5);
-    output.ReportResult(message, 4, "e", 0);
-    output.SetLocation2(5);
-    output.ReportResult(message, 4, "f", 0);
-    output.SetLocation3(5);
-    output.ReportResult(message, 4, "g", 0);
-    output.SetFileName("x");
-    output.ReportResult(message, 4, "", 0);
-    CHECK(g_Texts == std::string("a.c.e.f.") + TABULORIX_TEXT_LINE_IGNORED + ".");
+    report("e");
+    output.SetLocation2(6);
+    report("f");
+    output.SetLocation3(7);
+    report("g");
+    output.SetFileName("y");
+    report("");
+    CHECK(host.m_Log ==
+          "result T x 4 -2 -2 a\nresult T x 4 -2 -2 c\nresult T x 4 5 -2 e\nresult T x 4 5 6 f\n"
+          "result T y 4 5 6 " TABULORIX_TEXT_LINE_IGNORED "\n");
 
     // A new object has its own messages, and the values of before.
-    PluginOutput next("y");
+    PluginOutput next("z");
     CHECK(next.GetLocation1() == 5);
-    CHECK(output.GetFileName() == "y");
-    next.SetLocation1(PluginOutput::kNoLocation);
-    next.SetLocation2(PluginOutput::kNoLocation);
-    GetHostCallbacks().Clear();
+    CHECK(output.GetFileName() == "z");
 }
 
 TEST_CASE("A cancel is raised where a crash report expects it") {
-    GetHostCallbacks().Resolve(std::make_unique<Module>());
-    g_Texts.clear();
+    ScriptedHost host;
+    host.Init();
+    host.m_Script = [](std::string_view line) { return line.starts_with("update 3") ? 1 : 0; };
     PluginOutput output;
     output.SetProgress(30, "x");
     output.SetProgressText("y");
-    CHECK(g_Texts == "30x.30y.");
-    g_Going = 0;
+    CHECK(host.m_Log == "update 30x\nupdate 30y\n");
     CHECK_THROWS_AS(output.SetProgress(40, {}), ConverterCancelled);
     CHECK(GetLastThrowLocation().m_Source == std::string("PluginOutput"));
     CHECK(GetLastThrowLocation().m_Line == 152);
-    g_Going = 1;
-    GetHostCallbacks().Clear();
     CHECK_THROWS_AS(output.SetProgressText({}), ConverterCancelled);
     CHECK(GetLastThrowLocation().m_Line == 161);
 }

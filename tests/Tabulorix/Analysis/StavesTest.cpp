@@ -49,6 +49,9 @@ TEST_CASE("A column of string names before the dashes tunes a stave, bottom line
         }
         return Join(AnalysedTab(text).m_Analysis.GetStaves().at(0)->m_Tuning);
     });
+    // The names may stand behind the first dash of some line.
+    const AnalysedTab tab(" D|---\n G|---\n D|---\n-A|---\n");
+    CHECK(Join(tab.m_Analysis.GetStaves().at(0)->m_Tuning) == "42 52 62 76");
 }
 
 }  // namespace tabulorix

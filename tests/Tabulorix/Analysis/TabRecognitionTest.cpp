@@ -1,60 +1,28 @@
-#include <doctest/doctest.h>
-
-#include <string>
-
 #include "TabRecognition.h"
+#include "TestSupport.h"
 
 namespace tabulorix {
 
-namespace {
-
-std::string Repeat(const std::string& text, int count) {
-    std::string repeated;
-    for (int i = 0; i < count; ++i) {
-        repeated += text;
-    }
-    return repeated;
-}
-
-struct Case {
-    const char* m_Name;
-    std::string m_Bytes;
-    int m_Dashes;
-    int m_Percent;
-    bool m_IsTab;
-};
-
-}  // namespace
-
 TEST_CASE("A file is tablature when it is text and one line holds more than ten dashes") {
     const std::string line = "-----------\n";
-    const Case cases[] = {
-        {"nothing", "", 0, 0, false},
-        {"a line of eleven among prose", "words\n" + line + "words", 11, 100, true},
-        {"dashes with others between", Repeat("- ", 11), 11, 100, true},
-        {"ten on each line", "----------\n----------\r----------", 10, 100, false},
-        {"CR ends a line", "------\r------", 6, 100, false},
-        {"five bytes of a hundred are not text", line + Repeat("a", 83) + Repeat("\xE9", 5), 11, 95,
-         true},
-        {"six bytes of a hundred are not text", line + Repeat("a", 82) + Repeat("\x01", 6), 11, 94,
-         false},
-        {"the share is rounded down", line + Repeat("a", 938) + Repeat("\x7F", 51), 11, 94, false},
-        {"NUL is not text", line + std::string(4, '\0'), 11, 75, false},
-        {"TAB is text", "\t\t" + line, 11, 100, true},
+    const auto pad = [&line](std::size_t textCount, std::string_view noise) {
+        return Cat(line, std::string(textCount, '~'), noise);
     };
-    for (const Case& c : cases) {
-        CAPTURE(c.m_Name);
-        const TabRecognition found = RecognizeTab(c.m_Bytes);
-        CHECK(found.m_MostDashesOnLine == c.m_Dashes);
-        CHECK(found.GetTextPercent() == c.m_Percent);
-        CHECK(found.IsTab() == c.m_IsTab);
-    }
-}
-
-TEST_CASE("The share of text bytes is right for files beyond 2 GB") {
-    const TabRecognition large{3'000'000'000, 2'850'000'000, 11};
-    CHECK(large.GetTextPercent() == 95);
-    CHECK(large.IsTab());
+    // The most dashes on a line and the percentage of text bytes, "!" for a tab.
+    const Cases cases = {{"", "0 0"},
+                         {"words\n" + line + "words", "11 100!"},
+                         {"\t- - - - - - - - - - -", "11 100!"},
+                         {"----------\n----------\r----------", "10 100"},
+                         {pad(83, "\xE9\x1F\x0B\x7F\x80"), "11 95!"},
+                         {pad(82, "\x01\x08\x0E\x1B\xFE\xFF"), "11 94"},
+                         // The share is rounded down.
+                         {pad(938, std::string(51, '\0')), "11 94"}};
+    CheckEach(cases, [](const std::string& bytes) {
+        const TabRecognition found = RecognizeTab(bytes);
+        return Cat(found.m_MostDashesOnLine, ' ', found.GetTextPercent(), found.IsTab() ? "!" : "");
+    });
+    const TabRecognition beyondTwoGigabytes{3'000'000'000, 2'850'000'000, 11};
+    CHECK(beyondTwoGigabytes.IsTab());
 }
 
 }  // namespace tabulorix

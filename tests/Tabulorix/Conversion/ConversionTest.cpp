@@ -1,7 +1,6 @@
 #include <doctest/doctest.h>
 
 #include <chrono>
-#include <random>
 
 #include "Converter.h"
 #include "Exceptions.h"
@@ -21,44 +20,17 @@ std::unique_ptr<TreeNode> MakeSmallScore() {
         SystemStave { Bars { { Type "Bar" } } } } })");
 }
 
-// A path at which there is no file, and none is left behind.
-struct ScorePath {
-    ScorePath() : m_Path(CreateUniqueFile(GetTemporaryFolder(), "tab").m_Path) {
-        RemoveFile(m_Path);
-    }
-    ~ScorePath() { RemoveFile(m_Path); }
-    ScorePath(const ScorePath&) = delete;
-    ScorePath& operator=(const ScorePath&) = delete;
-
-    const STR m_Path;
-};
-
-// A user who watches the progress, and may cancel after some steps.
-struct ProgressOutput : RecordingOutput {
-    void SetProgress(int percent, const STR& caption) override {
-        if (m_StepsLeft-- == 0) {
-            throw ConverterCancelled("cancelled");
-        }
-        m_Progress += Cat(percent, caption.View(), ' ');
-    }
-    int m_StepsLeft = -1;
-    std::string m_Progress = "";
-};
-
 struct Conversion {
     Conversion(std::string_view bytes, RhythmLevel level,
                std::unique_ptr<TreeNode> document = MakeSmallScore())
-        : m_Converter(m_Output, level), m_Document(std::move(document)) {
-        const ScorePath score;
-        m_HasBars = m_Converter.ConvertText(bytes, *m_Document, score.m_Path);
-        m_Written = ReadWholeFile(score.m_Path).m_Bytes;
-    }
+        : m_Converter(m_Output, level),
+          m_Document(std::move(document)),
+          m_HasBars(m_Converter.FillScore(bytes, *m_Document)) {}
 
-    ProgressOutput m_Output;
+    RecordingOutput m_Output;
     Converter m_Converter;
     std::unique_ptr<TreeNode> m_Document;
     bool m_HasBars;
-    STR m_Written;
 };
 
 // The texts of the children with these labels, with slashes between them.
@@ -132,14 +104,6 @@ std::vector<std::string> ReadScore(const TreeNode& document) {
     return score;
 }
 
-std::string Repeat(std::string_view text, int count) {
-    std::string repeated;
-    while (count-- > 0) {
-        repeated += text;
-    }
-    return repeated;
-}
-
 }  // namespace
 
 TEST_CASE("A tab becomes the score that it was rendered from") {
@@ -157,90 +121,136 @@ TEST_CASE("A tab becomes the score that it was rendered from") {
     }
 }
 
+TEST_CASE("Frets become notes, and lengths become slices with a sign in notation") {
+    // The level in front of the tab; then the bars of the score in the form of RenderedTab.
+    const Cases cases = {
+        {"0no tab", ""},
+        {"0" + MakeStave("-23-x-007-"),
+         "7/512: 0/7[5/132/38] 128/7[5/134/39] 256/7[] 384/7[5/142/41]"},
+        {"0-22-10-\n" + MakeStave("-----9-", 5), "7/256: 0/7[5/172/50] 128/7[4/136/39 5/148/43]"},
+        {"0-12-\n" + MakeStave("-35-", 5),
+         "7/256: 0/7[4/124/36 5/130/38] 128/7[4/128/37 5/132/38]"},
+        {"0-35-\n" + MakeStave("-12-", 5),
+         "7/256: 0/7[4/120/35 5/134/39] 128/7[4/122/35 5/138/40]"},
+        {"0-12--\n" + MakeStave("---5-", 5), "7/256: 0/7[5/152/44] 128/7[4/128/37]"},
+        {"0x12--\n" + MakeStave("7-5--", 5), "7/128: 0/7[5/152/44 4/268/78]"},
+        // The lowest note first, the lower string first of two on one step.
+        {"0---\n---\n-0-\n-12--\n", "7/128: 0/7[1/66/19 0/80/23]"},
+        {"0---\n---\n-1-\n-7-\n", "7/128: 0/7[0/70/20 1/68/20]"},
+        {"0" + MakeStave("|---|1-6-8-|", 4), "7/384: 0/7[3/88/25] 128/7[3/98/28] 256/7[3/102/30]"},
+        {"2C\nQ. Q H\n" + MakeStave("0--x--"),
+         "7/1152 gap 256: 0/8[5/128/37]~ (C) 256/7[5/128/37] 384/8[] 640/9[]"},
+        {"2\n      Solo\n" + MakeStave("|-----|0---|"),
+         "6/1024: 0/10[] 7/1024 gap 400 \"Solo\" at 32: 0/10[5/128/37]"},
+        {"2Riff\n1/4\n" + MakeStave("|0-x-x-x-x-|"),
+         "7/256 gap 400 \"Riff\" at 32 1/4: 0/7[5/128/37] 128/7[] 7/256: 0/7[] 128/7[] 7/256: "
+         "0/8[]"},
+        // Two events at one position sound together, as long as the last one, under the first
+        // chord.
+        {"21/4\n    C D\n" + MakeStave("0-x-2-3-x-|---"),
+         "7/256 gap 256 1/4: 0/6[5/128/37] 64/6[] 128/6[5/132/38 5/134/39] (C) 192/6[] 7/256: "
+         "0/8[]"}};
+    CheckEach(cases, [](const std::string& text) {
+        const Conversion conversion(text.substr(1), static_cast<RhythmLevel>(text[0] - '0'));
+        std::vector<std::string> score = ReadScore(*conversion.m_Document);
+        score.erase(score.begin());
+        return Join(score);
+    });
+}
+
+TEST_CASE("A score has one instrument on one stave, and the marks of the tab above it") {
+    const std::string tab = "3/4\nSolo\n Am\n" + MakeStave("-7------", 4);
+    const Conversion conversion(tab, RhythmLevel::Never,
+                                TreeNodeReader(R"(Score { Music {
+        SystemStave BarSpacings { { BarNum "0" } }
+        StaveTypes { { Name "with rhythms" Category "2" Pitches { "86" "76" "66" "56" } } } } })")
+                                    .Read());
+    CHECK(GetTreeText(*conversion.m_Document) == GetTreeText(R"tree(Score { Music {
+SystemStave { Bars { { Type "Bar" MakesStaveVisible "0" HasStaveTypeChanges "0" Items {
+    { Type "SystemTextItem" Sr "-1" Voices "15" Dx "0" Dy "0"
+      StyledString { Type "StyledString" Text "Solo" TextStyle "Tempo" }
+      YPositions { { Type "YPosition" Visible "True" Y "128" } } }
+    { Type "TimeSignature" Sr "0" Voices "15" Dx "0" Dy "0" Top "3" LogUnitLength "8"
+      BeatGroups SymbolNum "0" TimeSignatureString "3\n\4" Flags "1" } } GapBelowStave "400" } } }
+BarSpacings { { BarNum "0" BarLength "0" } { Type "BarSpacing" BarNum "1" BarLength "128" Flags "7" } }
+StaveTypes { { Name "with rhythms" Category "2" Pitches { "86" "76" "66" "56" } }
+    { Type "StaveType" Name "Standard guitar (no rhythms)" StaveType "tab"
+      StaveLineSeparation "48" BarlineDy "120" Pitches { "86" "76" "66" "56" } StaveLines "4"
+      Category "2" AsNumbers "True" ShowRhythms "False" } }
+ReBeamAll "True"
+Instruments { { Type "Instrument"
+    FullName { Type "StyledString" Text "Bass Guitar" TextStyle "Instrument names" }
+    ShortName { Type "StyledString" Text "Bass" TextStyle "Instrument names" }
+    Group "GuitarBracket" PartClef "21" FullNameOffsetX "0" FullNameOffsetY "0" ShortNameOffsetX "0"
+    ShortNameOffsetY "0" StaveIndex "0" DefaultInstrumentName "Bass guitar" } }
+Barlines { { Type "Barline" StaveIndex "0" } }
+Staves { { Type "Stave" Small "False"
+    StaveMIDIData { Type "MIDIData" Program "33" Channel "0" Bank "-1" MIDIflags "-1" }
+    Bars { { Type "Bar" MakesStaveVisible "0" HasStaveTypeChanges "1" Items {
+        { Type "KeySignature" Sr "0" Voices "15" Dx "0" Dy "0" Sharps "0" Flags "1" }
+        { Type "Transposition" Sr "32512" Voices "15" Dx "0" Dy "0" PartDiat "0" PartChrom2 "0" }
+        { Type "Clef" Sr "32512" Voices "15" Dx "0" Dy "0" Flags "0" ClefStyle "Tab" }
+        { Type "StaveTypeChange" Sr "32512" Voices "15" Dx "0" Dy "0"
+          StaveType "Standard guitar (no rhythms)" } } }
+    { Type "Bar" MakesStaveVisible "0" HasStaveTypeChanges "0" Items {
+        { Type "NoteRest" Sr "0" Voices "1" Dx "0" Dy "0" Durn "7" Trem "0" Artic "0" Flags "2"
+          Notes { { Type "Note" Diat "29" Chrom2 "100" Acc "0" StringNum "3" Flags "0" } } }
+        { Type "Text" Sr "0" Voices "15" Dx "0" Dy "0"
+          StyledString { Type "StyledString" Text "Am" TextStyle "Chord symbol" }
+          DrawAtStartOfSystem "False" } } } } } } } })tree"));
+}
+
 TEST_CASE("The shipped examples keep their staves, bars and notes") {
-    struct Example {
-        const char* m_Name;
-        RhythmLevel m_Level;
-        const char* m_Figures;  // staves, bars and notes
-        RhythmSource m_Source;
-    };
-    constexpr auto kIndicated = RhythmLevel::WhenIndicated;
-    for (const Example& example : {
-             Example{"amazing_grace.tab", kIndicated, "5 17 58", RhythmSource::RhythmLine},
-             Example{"drunken_sailor.tab", kIndicated, "5 20 149", RhythmSource::RhythmLine},
-             Example{"frere_jacques.tab", kIndicated, "4 11 87", RhythmSource::NotShown},
-             Example{"frere_jacques.tab", RhythmLevel::Always, "4 14 87", RhythmSource::Spacing},
-             Example{"greensleeves.tab", kIndicated, "5 18 109", RhythmSource::RhythmLine},
-             Example{"ode_to_joy.tab", kIndicated, "4 16 85", RhythmSource::RhythmLine},
-             Example{"scarborough_fair.tab", kIndicated, "4 17 52", RhythmSource::RhythmLine},
-             Example{"two_fife_tunes.tab", kIndicated, "4 17 97", RhythmSource::RhythmLine},
-             Example{"walking_blues.btab", kIndicated, "4 13 56", RhythmSource::RhythmLine},
-         }) {
-        CAPTURE(example.m_Name);
-        const FileContents file = ReadWholeFile(STR(TABULORIX_EXAMPLES_DIR "/") + example.m_Name);
+    // The level and the example; staves, bars and notes, and where the rhythms come from.
+    const Cases examples = {
+        {"1amazing_grace.tab", "5 17 58 line"},      {"1drunken_sailor.tab", "5 20 149 line"},
+        {"1frere_jacques.tab", "4 11 87 none"},      {"2frere_jacques.tab", "4 14 87 spacing"},
+        {"1greensleeves.tab", "5 18 109 line"},      {"1ode_to_joy.tab", "4 16 85 line"},
+        {"1scarborough_fair.tab", "4 17 52 line"},   {"1two_fife_tunes.tab", "4 17 97 line"},
+        {"1walking_blues.btab", "4 13 56 line bass"}};
+    CheckEach(examples, [](const std::string& example) {
+        const FileContents file =
+            ReadWholeFile(STR(TABULORIX_EXAMPLES_DIR "/") + example.substr(1));
         REQUIRE(file.m_Result.Succeeded());
-        const Conversion conversion(file.m_Bytes, example.m_Level, CreateBlankScore());
-        const ConversionSummary& summary = conversion.m_Converter.GetSummary();
-        CHECK(Cat(summary.m_StaveCount, ' ', summary.m_BarCount, ' ', summary.m_NoteCount) ==
-              example.m_Figures);
-        CHECK(summary.m_IsBass == std::string_view(example.m_Name).ends_with(".btab"));
-        CHECK(summary.m_RhythmSource == example.m_Source);
-
-        const auto readBack = TreeNodeReader(conversion.m_Written).Read();
+        const Conversion conversion(file.m_Bytes, static_cast<RhythmLevel>(example[0] - '0'),
+                                    CreateBlankScore());
+        const std::string written = GetTreeText(*conversion.m_Document);
+        const auto readBack = TreeNodeReader(written).Read();
+        CHECK(GetTreeText(*readBack) == written);
         CHECK(ReadScore(*readBack) == ReadScore(*conversion.m_Document));
-        STR writtenAgain;
-        readBack->WriteText(writtenAgain, 0);
-        CHECK(writtenAgain == conversion.m_Written);
-    }
-}
 
-TEST_CASE("A conversion can be cancelled at every step of its progress") {
-    const std::string tab = MakeStave("e|--0-|-2--|-3--|-5--|-7--|-8--|-10-|");
-    const Conversion complete(tab, RhythmLevel::Always);
-    CHECK(complete.m_Output.m_Progress == "0 10 20 20 28 37 45 54 62 71 80 ");
-    for (int steps = 0; steps < 11; ++steps) {
-        ProgressOutput output;
-        output.m_StepsLeft = steps;
-        const ScorePath score;
-        Converter converter(output, RhythmLevel::Always);
-        CHECK_THROWS_AS(converter.ConvertText(tab, *MakeSmallScore(), score.m_Path),
-                        ConverterCancelled);
-        CHECK(GetPathKind(score.m_Path) == PathKind::Nothing);
-        CHECK(Conversion(tab, RhythmLevel::Always).m_Written == complete.m_Written);
-    }
-}
-
-TEST_CASE("A score that cannot be written is reported with its path and leaves nothing") {
-    const ScorePath score;
-    for (const STR& path : {score.m_Path + "/score", GetTemporaryFolder()}) {
-        const PathKind before = GetPathKind(path);
-        ProgressOutput output;
-        STR message;
-        try {
-            Converter(output, RhythmLevel::Always).ConvertText("", *MakeSmallScore(), path);
-        } catch (const FileSaveFailedException& e) {
-            message = e.GetText();
-        }
-        CHECK(message.View().find(path.View()) != std::string_view::npos);
-        CHECK(GetPathKind(path) == before);
-    }
+        const char* const kSources[] = {" none", " line", " spacing", " both"};
+        const ConversionSummary& summary = conversion.m_Converter.GetSummary();
+        return Cat(summary.m_StaveCount, ' ', summary.m_BarCount, ' ', summary.m_NoteCount,
+                   kSources[static_cast<int>(summary.m_RhythmSource)],
+                   summary.m_IsBass ? " bass" : "");
+    });
 }
 
 TEST_CASE("A text without staves becomes a score without bars") {
     for (const char* text : {"", "Words only", "e|---\nB|---\nG|---\n"}) {
         const Conversion conversion(text, RhythmLevel::Always);
         CHECK_FALSE(conversion.m_HasBars);
-        CHECK(conversion.m_Output.m_Progress == "0 10 20 80 ");
-        CHECK(ReadScore(*TreeNodeReader(conversion.m_Written).Read()).size() == 1);
+        CHECK(ReadScore(*conversion.m_Document).size() == 1);
     }
-    ProgressOutput output;
-    const ScorePath score;
+}
+
+TEST_CASE("A score is written to a new file or nowhere") {
+    const STR path = CreateUniqueFile(GetTemporaryFolder(), "tab").m_Path;
+    RecordingOutput output;
     Converter converter(output, RhythmLevel::Always);
-    CHECK_FALSE(converter.Convert(score.m_Path + "/tab", *MakeSmallScore(), score.m_Path));
+    for (const STR& taken : {path, path + "/score", GetTemporaryFolder()}) {
+        CHECK_THROWS_AS(converter.ConvertText("", *MakeSmallScore(), taken),
+                        FileSaveFailedException);
+    }
+    CHECK(ReadWholeFile(path).m_Bytes.IsEmpty());
+    CHECK(RemoveFile(path).Succeeded());
     TreeNode noMusic;
-    RemoveFile(score.m_Path);
-    CHECK(converter.ConvertText("", noMusic, score.m_Path));
-    CHECK(GetPathKind(score.m_Path) == PathKind::Nothing);
+    CHECK(converter.ConvertText("", noMusic, path));
+    CHECK(GetPathKind(path) == PathKind::Nothing);
+    CHECK_FALSE(converter.Convert(path + "/tab", *MakeSmallScore(), path));
+    CHECK(ReadScore(*TreeNode::ReadFromFile(path)).size() == 1);
+    RemoveFile(path);
 }
 
 TEST_CASE("The cost of a tab grows with its size only") {
@@ -269,24 +279,6 @@ TEST_CASE("The cost of a tab grows with its size only") {
         const Conversion conversion(tab, RhythmLevel::Always);
         const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
         CHECK(seconds.count() < 5.0);
-    }
-}
-
-TEST_CASE("Any bytes become a score whose lists fit together") {
-    std::mt19937 engine(1);
-    const auto below = [&](std::size_t end) { return static_cast<std::size_t>(engine() % end); };
-    constexpr std::string_view kLikely = "---------0123456789x|||   \n\n\r\tQEHS/4+&eBGDAEm#.";
-    for (unsigned seed = 0; seed < 600; ++seed) {
-        const RenderedTab tab = RenderTab(seed);
-        std::string bytes = tab.m_Bytes;
-        const std::size_t changes = 1 + below(seed % 3 == 0 ? bytes.size() : 20);
-        for (std::size_t i = 0; i < changes; ++i) {
-            const char any = static_cast<char>(engine() % 256);
-            bytes[below(bytes.size())] = seed % 2 == 0 ? kLikely[below(kLikely.size())] : any;
-        }
-        CAPTURE(bytes);
-        const Conversion conversion(bytes, tab.m_Level);
-        CHECK(conversion.m_HasBars == (ReadScore(*conversion.m_Document).size() > 1));
     }
 }
 

@@ -27,7 +27,7 @@ TEST_CASE("The rhythm line of a bar holds note values or else beat counts") {
     check("counts 0", {" 1 & 2 & 3 & 4 & ", " q   q   q   q", " 1           +", " 1    2    +    e",
                        "12           3", "    1        2"});
     check("none", {"     1       2", "    1       2", "1    2       3", " 1     e     +",
-                   " 1  2 + e  a 3 +", " 1  A  1  A  1  A", " 1   2   3  10"});
+                   " 1  2 + e  a 3 +", " 1  A  1  A  1  A", " 1   2   3  10", " 12          3"});
 
     const std::string letters = " Q   Q    Q  Q\n";
     const std::string counts = " 1   2    3  4\n";

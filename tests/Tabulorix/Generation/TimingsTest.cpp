@@ -12,13 +12,15 @@ TEST_CASE("Events get positions and lengths, and chords from the line that has m
         {"2Q   Q   H\n" + MakeStave("0-----------"), "0:256 of 1024!"},
         // Two events at the start of the bar: the second one is the beat.
         {"2 H   H\n0----0---\n" + MakeStave("-1-------", 5), "0:512 512:512 of 1024!"},
+        // So are two events at one mark elsewhere, which stay.
+        {"2H   H\n0---0----\n" + MakeStave("---1-----", 5), "0:512 512:0 512:512 of 1024!"},
         // Positions are rounded to 32 ticks, 16 upwards.
         {"2X   H\n" + MakeStave("0---0-----"), "0:16 32:496 of 528!"},
         {"21 + a 2\n" + MakeStave("0-0-0-0--"), "0:96 96:64 160:96 256:256 of 512!"},
         // From the spacing, rounded to 64 ticks, 32 upwards.
         {"2" + MakeStave("0---0---0---0----"), "0:256 256:256 512:192 704:320 of 1024!"},
         {"2" + MakeStave("--0-----------0---"), "0:768 768:256 of 1024!"},
-        {"2" + MakeStave("---0-------0-----"), "0:512 512:384 of 1024!"},
+        {"2" + MakeStave("---0----0"), "0:640 640:128 of 1024!"},
         {"21/4\n" + MakeStave("0-0-0-0-"), "0:64 64:64 128:64 192:64 of 256!"},
         // More than fit into the only bar of a stave are eighths, and the last one fills its bar.
         {"21/4\n" + MakeStave("|0-0-0-0-0-|"), "0:128 128:128 256:128 384:128 512:256 of 256!"},

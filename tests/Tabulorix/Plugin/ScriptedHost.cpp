@@ -57,11 +57,6 @@ int ChooseInstruments(std::uintptr_t value1, std::uintptr_t value2) {
     return Record("choose") + static_cast<int>(10 * value1 + value2);
 }
 
-struct Export {
-    std::string_view m_Name;
-    HostFunction m_Function;
-};
-
 template <class Function>
 HostFunction Erase(Function* function) {
     return reinterpret_cast<HostFunction>(function);
@@ -73,7 +68,7 @@ public:
         : m_FunctionCount(static_cast<std::size_t>(functionCount)) {}
 
     HostFunction FindFunction(const char* name) const noexcept override {
-        const Export exports[] = {
+        const std::pair<std::string_view, HostFunction> exports[] = {
             {"VEL_LOADTEMPFILE", Erase(LoadTempFile)},
             {"VEL_RESULTSDIALOGMESSAGE", Erase(ReportResult)},
             {"VEL_UPDATEPROGRESSDIALOG", Erase(UpdateProgress)},
@@ -83,8 +78,8 @@ public:
         };
         g_Host->m_Asked.emplace_back(name);
         for (std::size_t i = 0; i < m_FunctionCount; ++i) {
-            if (exports[i].m_Name == name) {
-                return exports[i].m_Function;
+            if (exports[i].first == name) {
+                return exports[i].second;
             }
         }
         return nullptr;
