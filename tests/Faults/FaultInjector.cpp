@@ -67,7 +67,8 @@ void SetUniqueFileHook(std::function<void(const std::string&)> hook) {
 
 using namespace tabulorix;
 
-// NOLINTBEGIN(bugprone-reserved-identifier,bugprone-macro-parentheses): the linker chooses these names.
+// The linker chooses these names.
+// NOLINTBEGIN(bugprone-reserved-identifier,bugprone-macro-parentheses)
 extern "C" {
 
 void* __real_malloc(std::size_t size);
