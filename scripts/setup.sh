@@ -5,7 +5,7 @@
 set -euo pipefail
 
 declare -A packages=(
-    [build]="g++ cmake make"
+    [build]="g++ cmake make libpugixml-dev"
     [test]="doctest-dev python3"
     [check]="clang clang-format clang-tidy libclang-rt-14-dev"
     [windows]="g++-mingw-w64-i686-win32 doctest-dev python3 wine wine32:i386 fonts-wine xvfb xauth"

@@ -141,29 +141,28 @@ STR FileConverter::WriteScore(const ScoreTarget& target, const STR& bytes) {
     if (converter.GetSummary().m_StaveCount == 0) {
         Refuse("there is no tab stave in it, so it has no score");
     }
+    const STR score = ComposeScore(*document, m_Arguments.m_Format);
     if (target.m_Kind == ScoreTarget::Kind::File) {
-        WriteFile(target, *document);
+        WriteFile(target, score);
     } else {
-        WriteStream(target, *document);
+        WriteStream(target, score);
     }
     return Describe(converter.GetSummary());
 }
 
-void FileConverter::WriteFile(const ScoreTarget& target, const TreeNode& document) {
+void FileConverter::WriteFile(const ScoreTarget& target, const STR& score) {
     if (!target.m_Folder.IsEmpty() && GetPathKind(target.m_Folder) == PathKind::Nothing) {
         Require(MakeFolder(target.m_Folder), STR("cannot make the folder ") + target.m_Folder);
     }
     const STR problem = STR("cannot write ") + target.m_ShownName;
     TemporaryFile temporary(GetFolderPart(target.m_Path));
-    Require(document.WriteToFile(temporary.GetPath()), problem);
+    Require(WriteWholeFile(temporary.GetPath(), score), problem);
     m_Output.SetProgress(100, {});
     Require(temporary.MoveTo(target.m_Path), problem);
     m_WrittenScores.insert(GetFileIdentity(target.m_Path));
 }
 
-void FileConverter::WriteStream(const ScoreTarget& target, const TreeNode& document) {
-    STR score;
-    document.WriteText(score, 0);
+void FileConverter::WriteStream(const ScoreTarget& target, const STR& score) {
     m_Output.SetProgress(100, {});
     Require(target.m_Kind == ScoreTarget::Kind::Stream ? WriteWholeFile(target.m_Path, score)
                                                        : WriteStandardOutput(score),

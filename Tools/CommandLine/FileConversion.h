@@ -28,8 +28,8 @@ private:
     void ConvertFile(const STR& file);
     void CheckReplacesNothingNeeded(const ScoreTarget& target) const;
     STR WriteScore(const ScoreTarget& target, const STR& bytes);
-    void WriteFile(const ScoreTarget& target, const TreeNode& document);
-    void WriteStream(const ScoreTarget& target, const TreeNode& document);
+    void WriteFile(const ScoreTarget& target, const STR& score);
+    void WriteStream(const ScoreTarget& target, const STR& score);
     std::unique_ptr<TreeNode> MakeDocument();
 
     const Arguments& m_Arguments;

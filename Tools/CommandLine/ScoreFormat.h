@@ -1,0 +1,25 @@
+// The formats that the command line writes scores in. A format's name is its file extension.
+
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "STR.h"
+#include "TreeNode.h"
+
+namespace tabulorix {
+
+enum class ScoreFormat { Vif, MusicXml };
+
+// "vif" or "musicxml".
+const char* GetExtension(ScoreFormat format) noexcept;
+// Nothing for a name that no format has.
+std::optional<ScoreFormat> FindScoreFormat(std::string_view name) noexcept;
+// The format whose extension the path has, in any case of letters.
+std::optional<ScoreFormat> FindScoreFormatOfPath(std::string_view path);
+
+// The bytes of the score's file. Throws Exception when this program cannot write the format.
+STR ComposeScore(const TreeNode& document, ScoreFormat format);
+
+}  // namespace tabulorix

@@ -1,0 +1,15 @@
+// In place of all the other sources here when the program is built without pugixml.
+
+#include "Exceptions.h"
+#include "MusicXml.h"
+
+namespace tabulorix {
+
+std::string ComposeMusicXml(const TreeNode&) {
+    RecordThrowLocation("MusicXml_missing", __LINE__);
+    throw Exception(
+        "this build of tabulorix cannot write MusicXML; build it with pugixml on Linux, or leave "
+        "out --format to get a .vif score");
+}
+
+}  // namespace tabulorix
