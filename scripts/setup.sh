@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a task needs and the machine lacks; silent when it lacks none.
 #
-#     scripts/setup.sh GROUP...      build, test, check, windows
+#     scripts/setup.sh GROUP...      build, test, check, windows, clients
 set -euo pipefail
 
 declare -A packages=(
@@ -9,6 +9,7 @@ declare -A packages=(
     [test]="doctest-dev python3"
     [check]="clang clang-format clang-tidy libclang-rt-14-dev"
     [windows]="g++-mingw-w64-i686-win32 doctest-dev python3 wine wine32:i386 fonts-wine xvfb xauth"
+    [clients]="musescore3 libxml2-utils nodejs npm"
 )
 
 wanted=()
@@ -23,8 +24,10 @@ if ! command -v apt-get >/dev/null; then
     exit 0
 fi
 
+# A package of a program's name is not needed where that program has come some other way.
 missing=()
 for name in "${wanted[@]}"; do
+    ! command -v "$name" >/dev/null || continue
     state=$(dpkg-query --show --showformat='${db:Status-Status}' "$name" 2>/dev/null || true)
     [[ $state == installed ]] || missing+=("$name")
 done
