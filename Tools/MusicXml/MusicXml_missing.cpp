@@ -8,8 +8,9 @@ namespace tabulorix {
 std::string ComposeMusicXml(const TreeNode&) {
     RecordThrowLocation("MusicXml_missing", __LINE__);
     throw Exception(
-        "this build of tabulorix cannot write MusicXML; build it with pugixml on Linux, or leave "
-        "out --format to get a .vif score");
+        "this build of tabulorix cannot write MusicXML: use --format vif, or a build with pugixml, "
+        "as "
+        "on Linux");
 }
 
 }  // namespace tabulorix
