@@ -1,8 +1,6 @@
-"""The notes of a score document and of a MIDI file, as a set of (onset, pitch, length) in ticks,
-1024 to a whole note: strings in unison sound as one note."""
+"""The notes of a score document: what sounds, and where it lies on the strings."""
 
 import re
-import struct
 
 # MuseScore knows no bars but of whole sixty-fourths and makes others longer.
 GRID = 16
@@ -61,7 +59,8 @@ def bars_of(music):
         start += -(-length // GRID) * GRID
 
 
-def document_notes(music):
+def sounds(music):
+    """The notes as (onset, pitch, length) in ticks, 1024 to a whole note, tied ones as one."""
     notes = []
     for start, events in bars_of(music):
         tied = []
@@ -79,7 +78,7 @@ def document_notes(music):
     return set(map(tuple, notes))
 
 
-def document_frets(music):
+def frets(music):
     """Each note as (bar, string, fret), strings from the bottom: those that the stave has."""
     first = music["Staves"].children[0]["Bars"].children[0]["Items"].children
     name = next(item["StaveType"].text for item in first if item["StaveType"].text)
@@ -90,53 +89,3 @@ def document_frets(music):
              for event in events for note in event["Notes"].children)
     return {(bar, string, pitch - tuning[string]) for bar, string, pitch in notes
             if string < len(tuning) and pitch >= tuning[string]}
-
-
-def midi_events(track):
-    """The notes that a track switches on and off: (time, channel and pitch, is on)."""
-    position = time = status = 0
-
-    def number():
-        nonlocal position
-        value = 0
-        while True:
-            byte = track[position]
-            position += 1
-            value = value << 7 | byte & 0x7F
-            if byte < 0x80:
-                return value
-
-    while position < len(track):
-        time += number()
-        if track[position] >= 0x80:
-            status = track[position]
-            position += 1
-        if status >= 0xF0:  # a text or the like
-            position += status == 0xFF
-            size = number()
-            position += size
-        else:
-            if status < 0xA0:
-                pitch, velocity = track[position:position + 2]
-                yield time, (status & 15, pitch), status >= 0x90 and velocity > 0
-            position += 1 if 0xC0 <= status < 0xE0 else 2
-
-
-def midi_notes(path):
-    with open(path, "rb") as file:
-        data = file.read()
-    division = struct.unpack(">H", data[12:14])[0]
-    notes, position = [], 14
-    while position < len(data):
-        size = struct.unpack(">I", data[position + 4:position + 8])[0]
-        sounding = {}
-        for time, key, is_on in midi_events(data[position + 8:position + 8 + size]):
-            if is_on:
-                sounding.setdefault(key, []).append(time)
-            elif sounding.get(key):
-                on = sounding[key].pop(0)
-                # The player lets go of a key one of its own ticks before the end of the note.
-                notes.append(tuple(round(ticks * 256 / division) if i != 1 else ticks
-                                   for i, ticks in enumerate((on, key[1], time + 1 - on))))
-        position += 8 + size
-    return set(notes)
