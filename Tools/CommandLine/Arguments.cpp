@@ -1,6 +1,7 @@
 #include "Arguments.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "FileSystem.h"
 
@@ -17,6 +18,9 @@ constexpr const char* kHelpText =
     "  -o, --output PATH   write the score to this file, or into this folder, which is made\n"
     "                      when it is missing (several FILEs: always a folder); - is standard\n"
     "                      output. In a folder the score of standard input is stdin.vif.\n"
+    "  --format FORMAT     vif: a score for the notation host (the default)\n"
+    "                      musicxml: MusicXML for other notation programs, NAME.musicxml;\n"
+    "                      also chosen by -o NAME.musicxml\n"
     "  --rhythm LEVEL      never: notes without rhythms\n"
     "                      indicated: rhythms only when the tab shows them (the default)\n"
     "                      always: rhythms from the spacing when the tab shows none\n"
@@ -46,6 +50,8 @@ private:
     static Option Split(std::string_view text);
     void ReadOption(Option option);
     void ReadRhythmLevel(std::string_view name);
+    void ReadFormat(std::string_view name);
+    void ChooseFormat();
     // The value in the same argument, or the next argument. False with the problem set when there
     // is none.
     bool TakeValue(Option& option);
@@ -58,6 +64,7 @@ private:
     const char* const* m_Next;
     const char* const* m_End;
     Arguments m_Result;
+    std::optional<ScoreFormat> m_NamedFormat;
 };
 
 bool CanBeFolder(const STR& output) {
@@ -104,11 +111,30 @@ void ArgumentReader::ReadRhythmLevel(std::string_view name) {
     }
 }
 
+void ArgumentReader::ReadFormat(std::string_view name) {
+    m_NamedFormat = FindScoreFormat(name);
+    if (!m_NamedFormat) {
+        Complain(STR("--format is vif or musicxml, not ") + Quoted(name));
+    }
+}
+
+// Without a named format the output's name tells it.
+void ArgumentReader::ChooseFormat() {
+    if (!m_NamedFormat) {
+        m_NamedFormat = FindScoreFormatOfPath(m_Result.m_Output);
+    }
+    m_Result.m_Format = m_NamedFormat.value_or(ScoreFormat::Vif);
+}
+
 void ArgumentReader::ReadOption(Option option) {
     const std::string_view name = option.m_Name;
     if (name == "-o" || name == "--output") {
         if (TakeValue(option)) {
             m_Result.m_Output = option.m_Value;
+        }
+    } else if (name == "--format") {
+        if (TakeValue(option)) {
+            ReadFormat(option.m_Value);
         }
     } else if (name == "--rhythm") {
         if (TakeValue(option)) {
@@ -153,6 +179,7 @@ Arguments ArgumentReader::Read() {
         }
     }
     if (!IsDone()) {
+        ChooseFormat();
         CheckFiles();
     }
     return std::move(m_Result);

@@ -6,6 +6,7 @@
 
 #include "RhythmLevel.h"
 #include "STR.h"
+#include "ScoreFormat.h"
 
 namespace tabulorix {
 
@@ -18,6 +19,7 @@ struct Arguments {
     Request m_Request = Request::Convert;
     std::vector<STR> m_Files;
     STR m_Output;  // a file, a folder or "-"; empty when each score goes beside its file
+    ScoreFormat m_Format = ScoreFormat::Vif;
     RhythmLevel m_RhythmLevel = RhythmLevel::WhenIndicated;
     bool m_IsQuiet = false;
     // What is wrong, for the user; empty when everything can be done as asked.

@@ -159,7 +159,7 @@ void FileConverter::WriteFile(const ScoreTarget& target, const TreeNode& documen
     Require(score.GetCreation(), STR("cannot make a file in ") +
                                      (folder.IsEmpty() ? STR("the current folder") : folder));
     const STR problem = STR("cannot write ") + target.m_ShownName;
-    Require(document.WriteInto(score), problem);
+    Require(WriteDocument(document, m_Arguments.m_Format, score), problem);
     m_Output.SetProgress(100, {});
     // Nothing can fail any more once the score has its place.
     std::set<FileIdentity> written = {GetFileIdentity(score.GetPath())};
@@ -168,8 +168,7 @@ void FileConverter::WriteFile(const ScoreTarget& target, const TreeNode& documen
 }
 
 void FileConverter::WriteStream(const ScoreTarget& target, const TreeNode& document) {
-    STR score;
-    document.WriteText(score, 0);
+    const STR score = ComposeDocument(document, m_Arguments.m_Format);
     m_Output.SetProgress(100, {});
     Require(target.m_Kind == ScoreTarget::Kind::Stream ? WriteWholeFile(target.m_Path, score)
                                                        : WriteStandardOutput(score),

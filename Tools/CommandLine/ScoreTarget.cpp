@@ -7,7 +7,6 @@ namespace tabulorix {
 
 namespace {
 
-constexpr const char* kScoreExtension = "vif";
 constexpr const char* kNameOfStandardInput = "stdin";
 
 // The folder that the scores go into; empty when none was named.
@@ -20,13 +19,13 @@ STR ChooseFolder(const Arguments& arguments) {
 }
 
 STR ChoosePath(const STR& folder, const Arguments& arguments, const STR& file) {
+    const char* extension = GetExtension(arguments.m_Format);
     if (!folder.IsEmpty()) {
         const STR name =
             file == kStandardStream ? STR(kNameOfStandardInput) : STR(GetLastPart(file));
-        return JoinPath(folder, ReplaceExtension(name, kScoreExtension));
+        return JoinPath(folder, ReplaceExtension(name, extension));
     }
-    return arguments.m_Output.IsEmpty() ? ReplaceExtension(file, kScoreExtension)
-                                        : arguments.m_Output;
+    return arguments.m_Output.IsEmpty() ? ReplaceExtension(file, extension) : arguments.m_Output;
 }
 
 }  // namespace

@@ -109,6 +109,7 @@ class CommandLineTest(unittest.TestCase):
                 (["song.tab", "--rhythm"], "--rhythm needs a value"),
                 (["song.tab", "--rhythm", "often"],
                  '--rhythm is never, indicated or always, not "often"'),
+                (["song.tab", "--format=pdf"], '--format is vif or musicxml, not "pdf"'),
                 (["-", "song.tab", "-"], "standard input can be named once only"),
                 (["song.tab", "other.tab", "-o", "song.tab"],
                  'the output of several files must be a folder, not "song.tab"')):
@@ -140,6 +141,24 @@ class CommandLineTest(unittest.TestCase):
                 for score in scores:
                     self.assertTrue(read(score).startswith(b'VifFileVersion "10100004"'))
                     os.remove(score)
+
+    def test_formats(self):
+        vif, xml = b'VifFileVersion "10100004"', b'<?xml version="1.0" encoding="UTF-8"?>'
+        for arguments, score, start in (
+                (["song.tab", "--format", "musicxml"], "song.musicxml", xml),
+                (["song.tab", "--format=musicxml", "-o", "out/"], "out/song.musicxml", xml),
+                (["-", "--format", "musicxml", "-o", "out"], "out/stdin.musicxml", xml),
+                (["song.tab", "-o", "x.MusicXML"], "x.MusicXML", xml),
+                (["song.tab", "--format", "vif", "-o", "y.musicxml"], "y.musicxml", vif),
+                (["song.tab", "-o", "musicxml"], "musicxml", vif)):
+            with self.subTest(arguments):
+                self.assertEqual(self.run_program(*arguments, stdin=STAVE.encode()),
+                                 (0, f"{arguments[0]} -> {score}: {FOUND}\n".replace(
+                                     "- ->", "standard input ->"), ""))
+                self.assertTrue(read(score).startswith(start))
+        _, out, err = self.run_program("song.tab", "--format", "musicxml", "-o", "-")
+        self.assertEqual((out, err), (read("song.musicxml").decode(),
+                                      f"song.tab -> standard output: {FOUND}\n"))
 
     def test_standard_streams(self):
         self.run_program("song.tab")

@@ -1,0 +1,16 @@
+// In place of all the other sources here when the program is built without pugixml.
+
+#include "Exceptions.h"
+#include "MusicXml.h"
+
+namespace tabulorix {
+
+std::string ComposeMusicXml(const TreeNode&) {
+    RecordThrowLocation("MusicXml_missing", __LINE__);
+    throw Exception(
+        "this build of tabulorix cannot write MusicXML: use --format vif, or a build with pugixml, "
+        "as "
+        "on Linux");
+}
+
+}  // namespace tabulorix
