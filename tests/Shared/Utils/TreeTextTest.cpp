@@ -109,7 +109,8 @@ TEST_CASE("Syntax errors end in one line of the error log and one exception") {
          "Expected ~ _ or alpha numeric character at line 1 - current text #"}};
     using Source = TreeNodeReader::Source;
     LogRecorder log;
-    for (const auto& [text, line] : cases) {
+    for (const auto& [text, expected] : cases) {
+        const std::string& line = expected;  // a captured name cannot be a part of a binding
         CAPTURE(line);
         for (const std::string& bytes : {text, ToUtf16(text, false)}) {
             CHECK(GetFailure(bytes, Source::Memory) == "Could not read treenode");
