@@ -9,8 +9,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <functional>
 #include <iterator>
 #include <new>
@@ -57,12 +59,29 @@ std::string RepeatNumbered(std::size_t size, std::string_view before, std::strin
     return text;
 }
 
+// Texts of eight bytes to which the pool's hash, without what each process adds to it, gives the
+// same number: it is undone for numbers that differ only in the half that is not used.
+std::string MakeColliding(std::size_t size) {
+    constexpr std::uint64_t kInverse = 0xF1DE83E19937733D;  // of the hash's factor
+    const auto undo = [](std::uint64_t hash) { return (hash ^ hash >> 32) * kInverse; };
+    std::string text = "A{";
+    for (std::uint64_t number = 1; text.size() < size; ++number) {
+        const std::uint64_t word = undo(undo(number << 32)) ^ 8;
+        std::string bytes(8, '\0');
+        std::memcpy(bytes.data(), &word, bytes.size());
+        if (bytes.find('"') == std::string::npos) {
+            text += "T\"" + bytes + "\"";
+        }
+    }
+    return text + "}";
+}
+
 // A stave of one bar as wide as it takes, below a line of `above` again and again.
-std::string MakeWide(std::size_t size, std::string_view above) {
+std::string MakeWide(std::size_t size, std::string_view above, std::string_view music = "--3-") {
     const std::size_t width = size / (above.empty() ? 6 : 7);
     std::string text = above.empty() ? "" : Repeat(width, above) + "\n";
     for (const char* name : {"E|", "B|", "G|", "D|", "A|", "E|"}) {
-        text += name + Repeat(width, "--3-") + "|\n";
+        text += name + Repeat(width, music) + "|\n";
     }
     return text;
 }
@@ -107,10 +126,15 @@ const std::vector<Kind>& GetKinds() {
         {"distinct texts",
          [](auto size) { return RepeatNumbered(size, "[Verse ", std::string("]\n") + kStave); },
          ConvertAlways},
+        {"bars", [](auto size) { return MakeWide(size, "3/4 ", "-2-|"); }, ConvertAlways},
+        {"counts", [](auto size) { return MakeWide(size, "1+2+"); }, ConvertIndicated},
+        {"dropped lines", [](auto size) { return kStave + Repeat(size, "\t--\n\n"); },
+         ConvertAlways},
         {"prose", [](auto size) { return kStave + Repeat(size, "la la la la\n"); }, ConvertAlways},
         {"tree: distinct texts",
          [](auto size) { return "A{" + RepeatNumbered(size, "T\"", "\"") + "}"; }, ReadTreeText,
          16},
+        {"tree: colliding texts", MakeColliding, ReadTreeText},
         {"tree: siblings", [](auto size) { return "A{" + Repeat(size, "T\"1\"") + "}"; },
          ReadTreeText, 16},
         // As deep as half the size; written, each level would take as many tabs.

@@ -1,6 +1,7 @@
 #include "StringPool.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <limits>
 #include <new>
@@ -40,12 +41,25 @@ std::uint64_t Mix(std::uint64_t hash, std::uint64_t word) noexcept {
     return hash ^ hash >> 32;
 }
 
+// Zero before the first use, and never after it.
+constinit std::uint64_t g_HashSeed = 0;
+
+// What nobody outside knows of a process: when it began, and where its memory lies.
+std::uint64_t MakeHashSeed() noexcept {
+    const int local = 0;
+    const auto ticks = std::chrono::high_resolution_clock::now().time_since_epoch().count();
+    return Mix(static_cast<std::uint64_t>(ticks), reinterpret_cast<std::uintptr_t>(&local)) | 1;
+}
+
 }  // namespace
 
 std::uint32_t HashText(std::string_view text) noexcept {
+    if (g_HashSeed == 0) {
+        g_HashSeed = MakeHashSeed();
+    }
     const char* bytes = text.data();
     std::size_t length = text.size();
-    std::uint64_t hash = length;
+    std::uint64_t hash = g_HashSeed + length;
     for (; length > 8; bytes += 8, length -= 8) {
         hash = Mix(hash, LoadBytes8(bytes));
     }

@@ -13,7 +13,8 @@
 
 namespace tabulorix {
 
-// Spreads over all 32 bits. Made for texts of a few bytes; the same on every machine.
+// Spreads over all 32 bits. Made for texts of a few bytes; another one in each process, so that no
+// file can hold texts that all have the same.
 std::uint32_t HashText(std::string_view text) noexcept;
 
 // The number of distinct texts in the pool.
