@@ -1,4 +1,7 @@
-// Option files: any file is refused or gives a level, and a level that is stored in it is kept.
+// Option files: any file is refused or gives a level, and a level that is stored in it is kept. A
+// file that is nested too deep to be stored stays as it is.
+
+#include <algorithm>
 
 #include "Exceptions.h"
 #include "FileName.h"
@@ -29,7 +32,12 @@ bool IsKnown(RhythmLevel level) {
 
 void StoreLevel(ImportOptions& options, const FileName& file, RhythmLevel level) {
     options.SetRhythmLevel(level);
-    Require(options.Save(), "the option file can be written");
+    const STR before = ReadWholeFile(file.GetPath()).m_Bytes;
+    if (!options.Save()) {
+        Require(std::ranges::count(std::string_view(before), '{') > 100, "the level can be stored");
+        Require(ReadWholeFile(file.GetPath()).m_Bytes == before, "else the file stays as it is");
+        return;
+    }
     Require(ImportOptions(file).GetStoredLevel() == static_cast<int>(level),
             "a stored level is kept");
 }

@@ -1,5 +1,8 @@
 #include "ImportOptions.h"
 
+#include <utility>
+#include <vector>
+
 #include "Exceptions.h"
 
 namespace tabulorix {
@@ -7,6 +10,9 @@ namespace tabulorix {
 namespace {
 
 constexpr const char* kRhythmLevel = "RhythmLevel";
+// No options are nested like that. The lines of a tree begin with a tab for each level, so that a
+// file of nothing but braces would grow with the square of its size when it is saved.
+constexpr int kDeepestSaved = 100;
 constexpr int kDefaultLevel = static_cast<int>(RhythmLevel::WhenIndicated);
 
 // Whether there is a file is asked only when it cannot be read: a system that fails for a moment
@@ -20,6 +26,18 @@ std::unique_ptr<TreeNode> ReadOptions(const FileName& file) {
         }
         return std::make_unique<TreeNode>();
     }
+}
+
+bool IsNestedDeeperThan(const TreeNode& root, int depth) {
+    std::vector<const TreeNode*> level = {&root};
+    for (; !level.empty() && depth >= 0; --depth) {
+        std::vector<const TreeNode*> next;
+        for (const TreeNode* node : level) {
+            next.insert(next.end(), node->GetChildren().begin(), node->GetChildren().end());
+        }
+        level = std::move(next);
+    }
+    return !level.empty();
 }
 
 }  // namespace
@@ -45,7 +63,8 @@ RhythmLevel ImportOptions::GetRhythmLevel() const noexcept {
 
 bool ImportOptions::Save() {
     m_Root->ReplaceOrAppendChild(std::make_unique<TreeNode>(kRhythmLevel, m_Level));
-    return m_Root->WriteToFile(m_File.GetPath()).Succeeded();
+    return !IsNestedDeeperThan(*m_Root, kDeepestSaved) &&
+           m_Root->WriteToFile(m_File.GetPath()).Succeeded();
 }
 
 }  // namespace tabulorix

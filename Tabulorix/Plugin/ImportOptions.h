@@ -30,7 +30,8 @@ public:
     RhythmLevel GetRhythmLevel() const noexcept;
     void SetRhythmLevel(RhythmLevel level) noexcept { m_Level = static_cast<int>(level); }
 
-    // False when the file could not be written.
+    // False when the file could not be written; it is then as it was. Also when its tree has more
+    // than a hundred levels.
     bool Save();
 
 private:
