@@ -13,6 +13,6 @@ scripts/setup.sh build bench
 
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-cat examples/*.tab | head -n 100 >"$folder/sample.tab"
+cat examples/*.tab | sed -n 1,100p >"$folder/sample.tab"
 python3 bench/report.py build/bench/bench/tabulorix_bench \
     build/bench/Tools/CommandLine/tabulorix "$folder/sample.tab"
