@@ -16,14 +16,14 @@
 
 namespace tabulorix {
 
-template <typename T>
+// `GrowStep` is above 0.
+template <typename T, int GrowStep = 4>
 class TVAList {
     static_assert(std::is_trivially_copyable_v<T>, "entries are moved by copying their bytes");
 
 public:
-    // `growStep` is above 0.
-    explicit TVAList(int growStep = 4) noexcept : m_GrowStep(growStep) {}
-    TVAList(TVAList&& other) noexcept : TVAList(other.m_GrowStep) { Swap(other); }
+    TVAList() noexcept = default;
+    TVAList(TVAList&& other) noexcept { Swap(other); }
     TVAList& operator=(TVAList&& other) noexcept {
         Swap(other);
         return *this;
@@ -82,7 +82,6 @@ public:
         std::swap(m_Data, other.m_Data);
         std::swap(m_Capacity, other.m_Capacity);
         std::swap(m_Count, other.m_Count);
-        std::swap(m_GrowStep, other.m_GrowStep);
     }
 
 private:
@@ -91,13 +90,13 @@ private:
     // Makes room for `count` more entries than there are.
     void Grow(int count) {
         constexpr int kLargest = static_cast<int>(INT_MAX / sizeof(T));
-        const int longListSteps = m_Capacity >= kLongList ? m_Capacity / 2 / m_GrowStep : 1;
-        const int neededSteps = (count - (m_Capacity - m_Count) - 1) / m_GrowStep + 1;
+        const int longListSteps = m_Capacity >= kLongList ? m_Capacity / 2 / GrowStep : 1;
+        const int neededSteps = (count - (m_Capacity - m_Count) - 1) / GrowStep + 1;
         const int steps = std::max(longListSteps, neededSteps);
-        if (steps > (kLargest - m_Capacity) / m_GrowStep) {
+        if (steps > (kLargest - m_Capacity) / GrowStep) {
             ThrowOutOfMemory("TVAList", __LINE__);
         }
-        const int capacity = m_Capacity + steps * m_GrowStep;
+        const int capacity = m_Capacity + steps * GrowStep;
         void* grown = std::realloc(m_Data, static_cast<std::size_t>(capacity) * sizeof(T));
         if (grown == nullptr) {
             ThrowOutOfMemory("TVAList", __LINE__);
@@ -109,7 +108,6 @@ private:
     T* m_Data = nullptr;
     int m_Capacity = 0;
     int m_Count = 0;
-    int m_GrowStep;
 };
 
 }  // namespace tabulorix

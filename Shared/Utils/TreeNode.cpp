@@ -47,9 +47,6 @@ TreeNode::TreeNode(std::string_view label, std::string_view text) : m_Label(labe
 
 TreeNode::TreeNode(std::string_view label, int value) : m_Label(label), m_Text(PoolInt(value)) {}
 
-TreeNode::TreeNode(PooledString label, PooledString text) noexcept
-    : m_Label(std::move(label)), m_Text(std::move(text)) {}
-
 // The delegation makes this a complete node, so that its destructor frees what a failed copy made.
 TreeNode::TreeNode(const TreeNode& other) : TreeNode(other.m_Label, other.m_Text) {
     CopyChildren(other);
@@ -69,7 +66,7 @@ void TreeNode::CopyChildren(const TreeNode& source) {
             levels.RemoveLast();
             continue;
         }
-        const TreeNode* child = (*level.m_Source->m_Children)[level.m_NextChild++];
+        const TreeNode* child = level.m_Source->m_Children[level.m_NextChild++];
         TreeNode* copy =
             level.m_Copy->AppendChild(std::make_unique<TreeNode>(child->m_Label, child->m_Text));
         if (child->GetChildCount() > 0) {
@@ -85,7 +82,7 @@ TreeNode::~TreeNode() {
     TreeNode* parent = nullptr;
     while (node != this || GetChildCount() > 0) {
         if (node->GetChildCount() > 0) {
-            TreeNode*& lastSlot = (*node->m_Children)[node->GetChildCount() - 1];
+            TreeNode*& lastSlot = node->m_Children[node->GetChildCount() - 1];
             TreeNode* child = lastSlot;
             lastSlot = parent;
             parent = node;
@@ -93,7 +90,7 @@ TreeNode::~TreeNode() {
         } else {
             delete node;
             node = parent;
-            parent = node->m_Children->RemoveLast();
+            parent = node->m_Children.RemoveLast();
         }
     }
 }
@@ -126,13 +123,8 @@ bool TreeNode::GetBool() const noexcept {
     return GetText() == "1" || EqualsIgnoringCaseInLocale(GetText(), GetBoolText(true));
 }
 
-const TVAList<TreeNode*>& TreeNode::GetChildren() const noexcept {
-    static const TVAList<TreeNode*> kNoChildren;
-    return m_Children == nullptr ? kNoChildren : *m_Children;
-}
-
 const TreeNode* TreeNode::GetChild(int index) const noexcept {
-    return index >= 0 && index < GetChildCount() ? (*m_Children)[index] : nullptr;
+    return index >= 0 && index < GetChildCount() ? m_Children[index] : nullptr;
 }
 
 TreeNode* TreeNode::GetChild(int index) noexcept {
@@ -152,22 +144,15 @@ TreeNode* TreeNode::FindChild(std::string_view label) noexcept {
     return const_cast<TreeNode*>(std::as_const(*this).FindChild(label));
 }
 
-TVAList<TreeNode*>& TreeNode::MakeChildList() {
-    if (m_Children == nullptr) {
-        m_Children = std::make_unique<TVAList<TreeNode*>>();
-    }
-    return *m_Children;
-}
-
 TreeNode* TreeNode::AppendChild(std::unique_ptr<TreeNode> child) {
     if (child != nullptr && child.get() != this) {
-        MakeChildList().Append(child.get());
+        m_Children.Append(child.get());
     }
     return child.release();
 }
 
 void TreeNode::AppendChildren(std::span<TreeNode* const> children) {
-    MakeChildList().Append(children.data(), static_cast<int>(children.size()));
+    m_Children.Append(children.data(), static_cast<int>(children.size()));
 }
 
 void TreeNode::ReplaceOrAppendChild(std::unique_ptr<TreeNode> child) {
@@ -177,7 +162,7 @@ void TreeNode::ReplaceOrAppendChild(std::unique_ptr<TreeNode> child) {
         return;
     }
     std::swap(existing->m_Text, child->m_Text);
-    std::swap(existing->m_Children, child->m_Children);
+    existing->m_Children.Swap(child->m_Children);
 }
 
 std::string_view TreeNode::GetChildText(std::string_view label,

@@ -16,6 +16,7 @@
 #include <memory>
 #include <span>
 #include <string_view>
+#include <utility>
 
 #include "FileSystem.h"
 #include "STR.h"
@@ -34,7 +35,8 @@ public:
     TreeNode(std::string_view label, Bool value) : TreeNode(label, GetBoolText(value)) {}
     TreeNode(std::string_view label, int value);
     // Takes over strings that the pool holds already.
-    TreeNode(PooledString label, PooledString text) noexcept;
+    TreeNode(PooledString label, PooledString text) noexcept
+        : m_Label(std::move(label)), m_Text(std::move(text)) {}
 
     // A deep copy. Works on an explicit stack, as deletion does: a tree may be of any depth.
     TreeNode(const TreeNode& other);
@@ -56,14 +58,12 @@ public:
     // True for "True" in any case and for "1".
     bool GetBool() const noexcept;
 
-    int GetChildCount() const noexcept {
-        return m_Children == nullptr ? 0 : m_Children->GetCount();
-    }
+    int GetChildCount() const noexcept { return m_Children.GetCount(); }
     // Null when `index` is not in 0 ... count - 1.
     TreeNode* GetChild(int index) noexcept;
     const TreeNode* GetChild(int index) const noexcept;
     // The children in order, as plain pointers. Appending ends the validity of the range.
-    const TVAList<TreeNode*>& GetChildren() const noexcept;
+    const TVAList<TreeNode*>& GetChildren() const noexcept { return m_Children; }
 
     // The first child with exactly this label, or null.
     TreeNode* FindChild(std::string_view label) noexcept;
@@ -101,13 +101,12 @@ public:
     void WriteText(STR& output, int depth) const;
 
 private:
-    TVAList<TreeNode*>& MakeChildList();
     void CopyChildren(const TreeNode& source);
     static std::string_view GetBoolText(bool value) noexcept { return value ? "True" : "False"; }
 
     PooledString m_Label;
     PooledString m_Text;
-    std::unique_ptr<TVAList<TreeNode*>> m_Children;  // null without children
+    TVAList<TreeNode*> m_Children;
 };
 
 // Points and rectangles as documents hold them: a point has the ints "X" and "Y", a rectangle the
