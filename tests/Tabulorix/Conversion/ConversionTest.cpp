@@ -1,7 +1,5 @@
 #include <doctest/doctest.h>
 
-#include <chrono>
-
 #include "Converter.h"
 #include "Exceptions.h"
 #include "FileSystem.h"
@@ -251,35 +249,6 @@ TEST_CASE("A score is written to a new file or nowhere") {
     CHECK_FALSE(converter.Convert(path + "/tab", *MakeSmallScore(), path));
     CHECK(ReadScore(*TreeNode::ReadFromFile(path)).size() == 1);
     RemoveFile(path);
-}
-
-TEST_CASE("The cost of a tab grows with its size only") {
-    const std::string stave = MakeStave("e|-1-|") + '\n';
-    const std::string longStave = MakeStave('|' + Repeat("-1-|", 2000));
-    const std::string denseStave = MakeStave('-' + Repeat("1-", 4000));
-    const std::string hostileTabs[] = {
-        std::string(30000, 'a') + "\n\n" + Repeat(stave, 800),
-        std::string(30000, '-') + "\n\n" + Repeat(stave, 800),
-        Repeat("Riff ", 12000) + '\n' + stave,
-        Repeat("Riff    ", 8000) + '\n' + stave,
-        Repeat("rrif", 16000) + '\n' + stave,
-        Repeat("3/4 ", 4000) + '\n' + longStave,
-        Repeat("3/4", 5000) + "\n" + longStave,
-        Repeat("Am  ", 4000) + '\n' + longStave,
-        Repeat("Am  ", 4000) + '\n' + denseStave,
-        Repeat("E...", 2000) + '\n' + denseStave,
-        Repeat("1 + ", 2000) + '\n' + denseStave,
-        Repeat('-' + std::string(5000, '1') + "-\n", 6),
-        Repeat('-' + std::string(5000, '0') + "-\n", 6),
-        Repeat('-' + Repeat("12", 2500) + "-\n--" + Repeat("12", 2500) + '\n', 3),
-    };
-    for (const std::string& tab : hostileTabs) {
-        CAPTURE(tab.substr(0, 20));
-        const auto start = std::chrono::steady_clock::now();
-        const Conversion conversion(tab, RhythmLevel::Always);
-        const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
-        CHECK(seconds.count() < 5.0);
-    }
 }
 
 }  // namespace tabulorix
