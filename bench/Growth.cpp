@@ -9,10 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <functional>
 #include <iterator>
 #include <new>
@@ -29,8 +27,9 @@ namespace tabulorix {
 namespace {
 
 constexpr double kMostGrowth = 2.3;
-constexpr double kMostSeconds = 0.5;     // for the smallest size
-constexpr double kMostMegabytes = 64.0;  // for the smallest size
+constexpr double kMostSeconds = 0.5;         // for the smallest size
+constexpr double kMostMegabytes = 64.0;      // for the smallest size
+constexpr unsigned kMostSecondsOfAll = 120;  // for any size, else it hangs
 // In bytes. At the smallest one the fixed cost of a process is still a good part of all.
 constexpr std::size_t kSizes[] = {64000, 256000, 512000, 1024000, 2048000};
 constexpr std::size_t kFirstMeasured = 1;  // from here on for the growth
@@ -59,19 +58,17 @@ std::string RepeatNumbered(std::size_t size, std::string_view before, std::strin
     return text;
 }
 
-// Texts of eight bytes to which the pool's hash, without what each process adds to it, gives the
-// same number: it is undone for numbers that differ only in the half that is not used.
+// Texts of twenty pairs of words. Two pairs differ in bits that a product of a hash carries nowhere
+// else, so that whoever mixes words by multiplication alone gives them all one number.
 std::string MakeColliding(std::size_t size) {
-    constexpr std::uint64_t kInverse = 0xF1DE83E19937733D;  // of the hash's factor
-    const auto undo = [](std::uint64_t hash) { return (hash ^ hash >> 32) * kInverse; };
+    constexpr std::string_view kPairs[] = {"abcdefghijklmnop", "abcdefg\xE8ijk\xECmno\xF0"};
     std::string text = "A{";
-    for (std::uint64_t number = 1; text.size() < size; ++number) {
-        const std::uint64_t word = undo(undo(number << 32)) ^ 8;
-        std::string bytes(8, '\0');
-        std::memcpy(bytes.data(), &word, bytes.size());
-        if (bytes.find('"') == std::string::npos) {
-            text += "T\"" + bytes + "\"";
+    for (unsigned number = 0; text.size() < size; ++number) {
+        text += "T\"";
+        for (unsigned bit = 0; bit < 20; ++bit) {
+            text += kPairs[number >> bit & 1U];
         }
+        text += '"';
     }
     return text + "}";
 }
@@ -162,6 +159,7 @@ struct Cost {
 Cost MeasureOnce(const Kind& kind, std::size_t size) {
     const pid_t child = fork();
     if (child == 0) {
+        alarm(kMostSecondsOfAll);
         kind.m_Run(kind.m_Make(size));
         _exit(EXIT_SUCCESS);
     }
@@ -228,6 +226,7 @@ bool CheckKind(const Kind& kind) {
 bool CheckTallRun() {
     const pid_t child = fork();
     if (child == 0) {
+        alarm(kMostSecondsOfAll);
         const rlimit limit = {512U << 20U, 512U << 20U};
         setrlimit(RLIMIT_AS, &limit);
         InstallAllocationFailureHandler();

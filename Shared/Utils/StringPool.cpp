@@ -60,8 +60,9 @@ std::uint32_t HashText(std::string_view text) noexcept {
     const char* bytes = text.data();
     std::size_t length = text.size();
     std::uint64_t hash = g_HashSeed + length;
+    // Mixed with the seed again after each word, for no word can undo what it cannot foresee.
     for (; length > 8; bytes += 8, length -= 8) {
-        hash = Mix(hash, LoadBytes8(bytes));
+        hash = Mix(Mix(hash, LoadBytes8(bytes)), g_HashSeed);
     }
     if (length > 0) {
         hash = Mix(hash, LoadShort(bytes, length));

@@ -80,7 +80,7 @@ void TreeNode::CopyChildren(const TreeNode& source) {
 TreeNode::~TreeNode() {
     TreeNode* node = this;
     TreeNode* parent = nullptr;
-    while (node != this || GetChildCount() > 0) {
+    while (node->GetChildCount() > 0 || parent != nullptr) {
         if (node->GetChildCount() > 0) {
             TreeNode*& lastSlot = node->m_Children[node->GetChildCount() - 1];
             TreeNode* child = lastSlot;

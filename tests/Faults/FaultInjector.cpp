@@ -1,5 +1,6 @@
 #include "FaultInjector.h"
 
+#include <malloc.h>
 #include <sys/types.h>
 
 #include <cerrno>
@@ -17,6 +18,7 @@ namespace {
 constinit Fault g_Fault{Fault::Kind::Memory, 0, false};
 constinit int g_CallCount = 0;
 constinit long g_LiveBlockCount = 0;
+constinit std::size_t g_LiveBytes = 0;
 std::function<void(const std::string&)> g_UniqueFileHook;
 
 bool MustFail(Fault::Kind kind) noexcept {
@@ -37,6 +39,7 @@ bool MustFailFile() noexcept {
 
 void* Count(void* block) noexcept {
     g_LiveBlockCount += block == nullptr ? 0 : 1;
+    g_LiveBytes += malloc_usable_size(block);
     return block;
 }
 
@@ -57,6 +60,10 @@ bool InjectedFault::HasHappened() const noexcept {
 
 long GetLiveBlockCount() noexcept {
     return g_LiveBlockCount;
+}
+
+std::size_t GetLiveByteCount() noexcept {
+    return g_LiveBytes;
 }
 
 void SetUniqueFileHook(std::function<void(const std::string&)> hook) {
@@ -84,12 +91,17 @@ void* __wrap_realloc(void* block, std::size_t size) {
     if (MustFail(Fault::Kind::Memory)) {
         return nullptr;
     }
+    const std::size_t before = malloc_usable_size(block);
     void* grown = __real_realloc(block, size);
+    if (block != nullptr && grown != nullptr) {
+        g_LiveBytes += malloc_usable_size(grown) - before;
+    }
     return block == nullptr ? Count(grown) : grown;
 }
 
 void __wrap_free(void* block) {
     g_LiveBlockCount -= block == nullptr ? 0 : 1;
+    g_LiveBytes -= malloc_usable_size(block);
     __real_free(block);
 }
 

@@ -57,6 +57,7 @@ Disk ReadDisk(const STR& folder) {
 // What a process has of the things that must not pile up.
 struct Holdings {
     long m_Blocks = GetLiveBlockCount();
+    std::size_t m_Bytes = GetLiveByteCount();
     std::size_t m_NodeBlocks = NodeAllocator::GetBlockCount();
     std::size_t m_Texts = GetPooledTextCount();
     std::ptrdiff_t m_Descriptors =
@@ -115,8 +116,9 @@ public:
     const char* FindProblem() {
         const bool isLeftRight = MayBeLeft(TakeLeftScore());
         const bool isDiskRight = ReadDisk() == m_Disk;
+        const bool isGiven = m_Host.m_Log.find("load\n") != std::string::npos;
         const bool hasEnded = m_Host.m_Log.ends_with("update 100\ndestroy\n");
-        return !m_Host.m_Score.empty() && !IsComplete() ? "the host was given something else"
+        return isGiven && !IsComplete()                 ? "the host was given something else"
                : !m_Host.m_Log.empty() && !hasEnded     ? "the progress display is open"
                : GetPluginState().m_IsImportBusy != 0   ? "the plug-in is busy"
                : GetPluginState().m_RunningImports != 0 ? "an import is under way"

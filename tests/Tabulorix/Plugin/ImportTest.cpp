@@ -46,8 +46,9 @@ TEST_CASE("A file is taken for its first extension and its bytes") {
     ScriptedHost host;
     host.Init();
     host.m_Answer.m_IsConfirmed = false;
-    const Cases names = {{"a.tab", "1"}, {"a.BTab", "1"},   {"a.crd", "1"}, {"plain", "1"},
-                         {"a.txt", "0"}, {"a.v2.tab", "0"}, {"a.", "0"}};
+    MakeFolder(host.GetPath("my.tabs"));
+    const Cases names = {{"my.tabs/a.tab", "0"}, {"a.tab", "1"}, {"a.BTab", "1"},   {"a.crd", "1"},
+                         {"plain", "1"},         {"a.txt", "0"}, {"a.v2.tab", "0"}, {"a.", "0"}};
     CheckEach(names, [&](const std::string& name) {
         return Cat(host.Open(host.MakeFile(name.c_str(), "-----------")));
     });
@@ -106,6 +107,11 @@ TEST_CASE("The answer is kept in the option file, with all else that stands in i
     CHECK(host.m_Log == "dialog 1\n" + kClosing);
     CHECK(options() == "RhythmLevel=1/0");
 
+    const std::string deep = Repeat("A{", 102) + Repeat("}", 102);
+    const STR deepFile = host.MakeFile("TabulorixOptions.txt", deep);
+    host.Open(tab);
+    CHECK(ReadWholeFile(deepFile).m_Bytes.View() == deep);
+
     host.MakeFile("TabulorixOptions.txt", "{ Future \"x\" { A } RhythmLevel \"5\" }");
     host.m_Answer = {true, true};
     host.m_Choice = RhythmLevel::Never;
@@ -134,15 +140,24 @@ TEST_CASE("Cancelled or failed anywhere, an import closes, and the next one is a
             CAPTURE(throws);
             CAPTURE(call);
             std::ptrdiff_t count = 0;
+            std::string struck;
             host.m_Log.clear();
-            host.m_Script = [&](std::string_view) {
-                if (++count == call && throws) {
+            host.m_Score.clear();
+            host.m_Script = [&](std::string_view line) {
+                struck = ++count == call ? line : struck;
+                if (count == call && throws) {
                     throw std::runtime_error("host");
                 }
                 return count == call ? 0 : 1;
             };
             CHECK(host.Open(tab) == 1);
             CHECK(host.m_Log.ends_with(kClosing));
+            // Nobody looks at what the host says before the conversion, to a message and at the
+            // end.
+            const bool isIgnored = call <= 3 || struck.starts_with("result");
+            const bool isLoaded = call > callCount - 3 || (isIgnored && !throws);
+            CHECK((host.m_Log.find("load\n") != std::string::npos) == isLoaded);
+            CHECK((host.m_Score == (isLoaded ? score : "")));
             CHECK_FALSE(FileName(host.m_ScorePath).Exists());
             CHECK(IsQuiet());
             CHECK(NodeAllocator::GetNodeCount() == 0);
@@ -163,6 +178,7 @@ TEST_CASE("What the host calls from inside an import does not disturb it") {
     host.m_Log.clear();
     host.m_Script = [&](std::string_view) {
         CHECK(host.Init() == 0);
+        CHECK(TerminatePlugin() == 1);
         if (GetPluginState().m_IsImportBusy != 0) {
             CHECK(host.Open(other) == 1);
         }
@@ -171,6 +187,8 @@ TEST_CASE("What the host calls from inside an import does not disturb it") {
     host.Open(tab);
     CHECK(host.m_Log == log);
     CHECK((host.m_Score == score));
+    CHECK(GetHostCallbacks().ChooseTransposingInstruments(3, 4) == 0);
+    CHECK(host.Init() == 1);
 
     // Before its conversion has begun, another import runs through.
     for (const std::string place : {"dialog", "create", "update 0"}) {
