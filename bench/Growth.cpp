@@ -19,6 +19,7 @@
 
 #include "Converter.h"
 #include "Exceptions.h"
+#include "MusicXml.h"
 #include "ScoreTemplate.h"
 #include "TreeNodeReader.h"
 
@@ -99,6 +100,13 @@ void ConvertIndicated(const std::string& tab) {
     Convert(tab, RhythmLevel::WhenIndicated);
 }
 
+void ConvertToMusicXml(const std::string& tab) {
+    SilentOutput output;
+    const std::unique_ptr<TreeNode> score = CreateBlankScore();
+    Converter(output, RhythmLevel::Always).FillScore(tab, *score);
+    ComposeMusicXml(*score);
+}
+
 void ReadTreeText(const std::string& text) {
     STR written;
     TreeNodeReader(text).Read()->WriteText(written, 0);
@@ -137,6 +145,7 @@ const std::vector<Kind>& GetKinds() {
         {"dropped lines", [](auto size) { return kStave + Repeat(size, "\t--\n\n"); },
          ConvertAlways},
         {"prose", [](auto size) { return kStave + Repeat(size, "la la la la\n"); }, ConvertAlways},
+        {"MusicXML: chords", [](auto size) { return MakeWide(size, "Am  "); }, ConvertToMusicXml},
         {"tree: distinct texts",
          [](auto size) { return "A{" + RepeatNumbered(size, "T\"", "\"") + "}"; }, ReadTreeText,
          16},

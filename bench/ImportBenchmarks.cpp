@@ -56,7 +56,9 @@ void Import(benchmark::State& state) {
     SilentOutput output;
     const ScratchFile file;
     for (auto _ : state) {
+        state.PauseTiming();
         RemoveFile(file.GetPath());
+        state.ResumeTiming();
         const std::unique_ptr<TreeNode> score = CreateBlankScore();
         Converter(output, RhythmLevel::WhenIndicated).ConvertText(bytes, *score, file.GetPath());
     }

@@ -4,7 +4,7 @@
     report.py BENCH_PROGRAM TABULORIX SAMPLE_TAB
 
 Each figure is the least of several interleaved runs: what else the machine does can only add to it.
-On a busy machine it still does; hence the quarter.
+On a busy machine it still does; hence the quarter, which memory does not need.
 """
 import json
 import os
@@ -18,9 +18,9 @@ TOLERANCE = 1.25
 missed = []
 
 
-def aim(name, value, most, form="{:.2f}"):
+def aim(name, value, most, form="{:.2f}", tolerance=TOLERANCE):
     """A line for a figure that has an aim."""
-    if value > most * TOLERANCE:
+    if value > most * tolerance:
         missed.append(name)
     print(f"  {name:52}" + form.format(value) + f"  aim {most}, " +
           ("met" if value <= most else "missed"))
@@ -75,6 +75,8 @@ def report_stages(program):
                   f"{micros / notes[lines]:10.3f}{growth:>8}")
     share = (best["Parse/100"]["cpu_time"] + best["Generate/100"]["cpu_time"]) / \
         best["Import/100"]["cpu_time"]
+    aim("import, growth of a line's cost up to 100,000 lines",
+        best["Import/100000"]["cpu_time"] / best["Import/5000"]["cpu_time"] / 20, 1.5)
     aim("parsing and generation, share of a 100-line import", share, 0.10)
 
 
@@ -105,7 +107,7 @@ def report_process(tabulorix, sample):
         print(f"  {'tabulorix':24}{converted[0] * 1e3:10.2f}{converted[middle] * 1e3:10.2f}")
         print(f"  {'cp of the score':24}{copied[0] * 1e3:10.2f}{copied[middle] * 1e3:10.2f}")
         aim("tabulorix, times cp (medians)", converted[middle] / copied[middle], 4)
-        aim("peak memory of tabulorix, MB", peak * 1024 / 1e6, 16, "{:.1f}")
+        aim("peak memory of tabulorix, MB", peak * 1024 / 1e6, 16, "{:.1f}", tolerance=1)
 
 
 def main():

@@ -7,6 +7,7 @@
 #include "Arithmetic.h"
 #include "Ascii.h"
 #include "FuzzTarget.h"
+#include "MusicXml.h"
 #include "ScoreCheck.h"
 #include "ScoreTemplate.h"
 #include "TabRecognition.h"
@@ -74,6 +75,8 @@ void Convert(std::string_view bytes, RhythmLevel level) {
             "all staves are counted");
     CheckScore(score, GetMostStrings(analysis), summary);
     CheckReadsBack(score);
+    Require(!CanComposeMusicXml() || !ComposeMusicXml(score).empty(),
+            "other programs get something too");
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ cp -r "$counts/." "$build"
 
 mkdir -p "$build/report"
 gcovr "$build/Shared" "$build/Tabulorix" "$build/Tools" "$build/tests" \
-    --filter Shared/ --filter Tabulorix/ --filter Tools/CommandLine/ --exclude '.*_win32\.' \
+    --filter Shared/ --filter Tabulorix/ --filter Tools/ --exclude '.*_win32\.' \
     --exclude-throw-branches --exclude-unreachable-branches \
     --txt "$build/report/lines.txt" --html-details "$build/report/index.html" \
     --print-summary --fail-under-line 95 --fail-under-branch 90

@@ -10,6 +10,7 @@
 
 #include "MusicXml.h"
 
+#include <algorithm>
 #include <new>
 #include <pugixml.hpp>
 
@@ -27,6 +28,9 @@ constexpr const char* kDocumentType =
     "\"http://www.musicxml.org/dtds/partwise.dtd\"";
 constexpr const char* kPartId = "P1";
 constexpr const char* kInstrumentId = "P1-I1";
+constexpr const char* kPartEnd = "</part>";
+constexpr const char* kIndentation = " ";
+constexpr unsigned kMeasureDepth = 2;
 
 class StringWriter : public pugi::xml_writer {
 public:
@@ -60,25 +64,8 @@ void AddPartList(pugi::xml_node root, const ScoreReading& score) {
     AddElement(midi, "midi-program", score.m_MidiProgram + 1);
 }
 
-void AddPart(pugi::xml_node root, const ScoreReading& score) {
-    pugi::xml_node part = root.append_child("part");
-    part.append_attribute("id") = kPartId;
-    MeasureWriter writer(score, part);
-    for (const MeasureReading& measure : score.m_Measures) {
-        writer.Write(measure);
-    }
-    if (score.m_Measures.empty()) {
-        writer.Write({});
-    }
-}
-
-}  // namespace
-
-std::string ComposeMusicXml(const TreeNode& document) {
-    // Without memory pugixml would leave elements out. Told to use `new`, it lets the exception by.
-    pugi::set_memory_management_functions([](std::size_t size) { return ::operator new(size); },
-                                          [](void* memory) { ::operator delete(memory); });
-    const ScoreReading score = ReadScore(document);
+// The file with nothing in its part.
+std::string ComposeFrame(const ScoreReading& score) {
     pugi::xml_document xml;
     AddHead(xml);
     pugi::xml_node root = xml.append_child("score-partwise");
@@ -86,11 +73,51 @@ std::string ComposeMusicXml(const TreeNode& document) {
     AddElement(root.append_child("identification").append_child("encoding"), "software",
                "Tabulorix " TABULORIX_VERSION_STRING);
     AddPartList(root, score);
-    AddPart(root, score);
+    pugi::xml_node part = root.append_child("part");
+    part.append_attribute("id") = kPartId;
+    part.append_child(pugi::node_pcdata);
     std::string text;
     StringWriter writer(text);
-    xml.save(writer, " ", pugi::format_default, pugi::encoding_utf8);
+    xml.save(writer, kIndentation, pugi::format_default, pugi::encoding_utf8);
     return text;
+}
+
+// One after the other: as a tree, all of them would take many times the memory of their text.
+void AppendMeasures(std::string& text, const ScoreReading& score) {
+    StringWriter output(text);
+    pugi::xml_document xml;
+    MeasureWriter writer(score, xml);
+    const auto append = [&](const MeasureReading& measure) {
+        writer.Write(measure);
+        xml.first_child().print(output, kIndentation,
+                                pugi::format_default | pugi::format_no_declaration,
+                                pugi::encoding_utf8, kMeasureDepth);
+        xml.remove_children();
+    };
+    std::for_each(score.m_Measures.begin(), score.m_Measures.end(), append);
+    if (score.m_Measures.empty()) {
+        append({});
+    }
+}
+
+}  // namespace
+
+bool CanComposeMusicXml() noexcept {
+    return true;
+}
+
+std::string ComposeMusicXml(const TreeNode& document) {
+    // Without memory pugixml would leave elements out. Told to use `new`, it lets the exception by.
+    pugi::set_memory_management_functions([](std::size_t size) { return ::operator new(size); },
+                                          [](void* memory) { ::operator delete(memory); });
+    const ScoreReading score = ReadScore(document);
+    std::string text = ComposeFrame(score);
+    const std::size_t end = text.rfind(kPartEnd);
+    const std::string behind = text.substr(end);
+    text.resize(end);
+    text += '\n';
+    AppendMeasures(text, score);
+    return text + kIndentation + behind;
 }
 
 }  // namespace tabulorix

@@ -5,6 +5,10 @@
 
 namespace tabulorix {
 
+bool CanComposeMusicXml() noexcept {
+    return false;
+}
+
 std::string ComposeMusicXml(const TreeNode&) {
     RecordThrowLocation("MusicXml_missing", __LINE__);
     throw Exception(

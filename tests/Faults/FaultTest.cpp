@@ -9,6 +9,7 @@
 #include "FaultInjector.h"
 #include "FileConversion.h"
 #include "HostCallbacks.h"
+#include "MusicXml.h"
 #include "NodeAllocator.h"
 #include "ScoreTemplate.h"
 #include "ScriptedHost.h"
@@ -155,6 +156,9 @@ public:
     ConversionScene(const std::string& tab, RhythmLevel level) : Scene(tab) {
         m_Arguments.m_Files = {m_Tab, m_Host.MakeFile("next.tab", tab)};
         m_Arguments.m_RhythmLevel = level;
+        m_Arguments.m_Format = level == RhythmLevel::Always && CanComposeMusicXml()
+                                   ? ScoreFormat::MusicXml
+                                   : ScoreFormat::Vif;
         m_Arguments.m_IsQuiet = true;
         m_Before = m_After = PrepareDisk();
         Run();
@@ -187,6 +191,7 @@ public:
 private:
     Disk PrepareDisk() {
         m_Host.MakeFile("song.vif", "earlier");
+        m_Host.MakeFile("song.musicxml", "earlier");
         return ReadDisk();
     }
 
@@ -197,15 +202,13 @@ private:
     Holdings m_Holdings;
 };
 
-// Lets each of the calls fail, once and for ever, until a run comes through without.
+// Lets calls fail, once and for ever, until a run comes through without: all, or some of them.
 template <class SceneToCheck>
-int CheckEachCall(Fault::Kind kind, const std::string& tab, RhythmLevel level) {
+int CheckCalls(Fault::Kind kind, int first, int step, SceneToCheck& scene) {
     int failedRuns = 0;
-    const int step = TakesSamples(kind) ? 97 : 1;
-    SceneToCheck scene(tab, level);
     for (const bool isForEver : {false, true}) {
         bool hasHappened = true;
-        for (int call = 1; hasHappened; call += step) {
+        for (int call = first; hasHappened; call += step) {
             {
                 const InjectedFault fault({kind, call, isForEver});
                 scene.Run();
@@ -225,12 +228,16 @@ int CheckEachCall(Fault::Kind kind, const std::string& tab, RhythmLevel level) {
 
 template <class SceneToCheck>
 void CheckEachCall(Fault::Kind kind) {
+    constexpr int kSampled = 97;  // every 97th call, each in the turn of one scene
+    constexpr int kScenes = static_cast<int>(std::size(kTabs) * std::size(kLevels));
     int failedRuns = 0;
+    int number = 0;
     for (const std::string& tab : kTabs) {
         for (const RhythmLevel level : kLevels) {
-            if (failedRuns == 0 || !TakesSamples(kind)) {
-                failedRuns += CheckEachCall<SceneToCheck>(kind, tab, level);
-            }
+            const int skipped = TakesSamples(kind) ? kSampled : 0;
+            SceneToCheck scene(tab, level);
+            failedRuns +=
+                CheckCalls(kind, 1 + number++ * skipped, std::max(1, kScenes * skipped), scene);
         }
     }
     CHECK(failedRuns > 0);
