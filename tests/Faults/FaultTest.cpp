@@ -151,7 +151,7 @@ private:
 class ConversionScene : public Scene {
 public:
     ConversionScene(const std::string& tab, RhythmLevel level) : Scene(tab) {
-        m_Arguments.m_Files = {m_Tab, m_Host.MakeFile("next.tab", tab)};
+        m_Files = {{m_Tab}, {m_Host.MakeFile("next.tab", tab)}};
         m_Arguments.m_RhythmLevel = level;
         m_Arguments.m_IsQuiet = true;
         m_Before = m_After = PrepareDisk();
@@ -167,7 +167,8 @@ public:
         m_IsConverted = false;
         try {
             ConsoleOutput output({true, false});
-            m_IsConverted = FileConverter(m_Arguments, output).Convert(m_Tab);
+            m_IsConverted = FileConverter(m_Arguments, m_Files, output).Convert(m_Files[0]) ==
+                            Outcome::Converted;
         } catch (const std::bad_alloc&) {  // the program ends and says so
         }
     }
@@ -189,6 +190,7 @@ private:
     }
 
     Arguments m_Arguments;
+    std::vector<InputFile> m_Files;
     bool m_IsConverted = false;
     Disk m_Before;
     Disk m_After;
