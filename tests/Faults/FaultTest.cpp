@@ -8,6 +8,7 @@
 
 #include "FaultInjector.h"
 #include "FileConversion.h"
+#include "FolderConversion.h"
 #include "HostCallbacks.h"
 #include "NodeAllocator.h"
 #include "ScoreTemplate.h"
@@ -197,6 +198,68 @@ private:
     Holdings m_Holdings;
 };
 
+// The command line's run over a folder, over earlier scores. One file that fails does not keep the
+// others from being converted.
+class FolderScene : public Scene {
+public:
+    FolderScene(const std::string& tab, RhythmLevel level) : Scene(tab) {
+        const STR folder = m_Host.GetPath("tabs");
+        MakeFolder(folder);
+        MakeFolder(JoinPath(folder, "more"));
+        m_Host.MakeFile("tabs/song.tab", tab);
+        m_Host.MakeFile("tabs/more/song.tab", tab);
+        m_Arguments.m_Files = {folder};
+        m_Arguments.m_RhythmLevel = level;
+        m_Arguments.m_IsQuiet = true;
+        for (int i = 0; i < 2; ++i) {  // the second is the first to find all that is kept
+            PrepareDisk();
+            Run();
+            m_Score = ReadWholeFile(m_Scores[0]).m_Bytes;
+            m_Holdings = Holdings();
+        }
+        PrepareDisk();
+    }
+
+    void Run() {
+        m_IsConverted = false;
+        try {
+            ConsoleOutput output({true, false});
+            m_IsConverted = ConvertFolders(m_Arguments, output);
+        } catch (const std::bad_alloc&) {  // the program ends and says so
+        }
+    }
+
+    bool IsComplete() const { return m_IsConverted; }
+
+    const char* FindProblem() {
+        bool isRight = true;
+        for (const STR& path : m_Scores) {
+            const STR score = ReadWholeFile(path).m_Bytes;
+            isRight = isRight && (score == m_Score || (score == "earlier" && !m_IsConverted));
+        }
+        PrepareDisk();
+        const bool isDiskRight = ReadDisk() == m_Before;
+        return !isRight                   ? "scores are lost, incomplete or missing"
+               : !isDiskRight             ? "files are left or changed"
+               : Holdings() != m_Holdings ? "memory or descriptors are held"
+                                          : nullptr;
+    }
+
+private:
+    void PrepareDisk() {
+        m_Scores = {m_Host.MakeFile("tabs/song.vif", "earlier"),
+                    m_Host.MakeFile("tabs/more/song.vif", "earlier")};
+        m_Before = m_Before.empty() ? ReadDisk() : m_Before;
+    }
+
+    Arguments m_Arguments;
+    std::vector<STR> m_Scores;
+    STR m_Score;
+    bool m_IsConverted = false;
+    Disk m_Before;
+    Holdings m_Holdings;
+};
+
 // Lets each of the calls fail, once and for ever, until a run comes through without.
 template <class SceneToCheck>
 int CheckEachCall(Fault::Kind kind, const std::string& tab, RhythmLevel level) {
@@ -255,6 +318,15 @@ TEST_CASE("Without memory the command line keeps the earlier score") {
 TEST_CASE("When the system fails the command line, it keeps the earlier score") {
     CheckEachCall<ConversionScene>(Fault::Kind::File);
     CheckEachCall<ConversionScene>(Fault::Kind::Partial);
+}
+
+TEST_CASE("Whatever fails in a folder, each score is the earlier or the new one") {
+    if (!HasSmallTemplate()) {
+        return;
+    }
+    for (const Fault::Kind kind : {Fault::Kind::Memory, Fault::Kind::File, Fault::Kind::Partial}) {
+        CHECK(CheckEachCall<FolderScene>(kind, kTabs[0], RhythmLevel::Always) > 0);
+    }
 }
 
 TEST_CASE("Ten thousand imports leave no more behind than a hundred") {
