@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <optional>
+#include <string_view>
 
 #include "FileExtension.h"
 #include "FileName.h"
