@@ -443,6 +443,8 @@ class CommandLineTest(unittest.TestCase):
             "tabs/gone.tab", "tabs/heading.btab", "tabs/new?line?[2J??m\u00e9.tab",
             "tabs/prose.tab", "missing.txt"])
         self.assertEqual(read("tabs/z/song.tab").decode(), STAVE)
+        write_all("twins", {"a.tab": STAVE, "a.txt": STAVE})
+        self.assertEqual(self.run_program("twins", "--quiet")[0], 1)
         self.run_program("-o", "a.vif", "tabs/a.btab")
         self.assertEqual(read("tabs/a.vif"), read("a.vif"))
 
@@ -469,16 +471,20 @@ class CommandLineTest(unittest.TestCase):
         os.chmod("tabs/locked", 0o755)
 
     def test_interrupted_folder(self):
-        write_all("tabs", {"%02d.tab" % i: (STAVE + "\n") * 300 for i in range(20)})
-        for number in (signal.SIGINT, signal.SIGTERM):
+        write_all("tabs", {"%03d.tab" % i: (STAVE + "\n") * 300 for i in range(200)})
+        for number, at_work in ((signal.SIGINT, True), (signal.SIGTERM, False)):
             running = subprocess.Popen([self.program, "tabs", "-o", "out"], stdout=subprocess.PIPE)
-            while not os.path.exists("out/01.vif"):
+            while not os.path.exists("out/001.vif"):
                 time.sleep(0.001)
-            self.signal_at_work(running, number)
+            # While a score is written, and while the next tab is looked at.
+            if at_work:
+                self.signal_at_work(running, number)
+            else:
+                running.send_signal(number)
             table = read_table(running.communicate()[0].decode())
             self.assertEqual(running.returncode, -number)
             self.assertEqual(table["converted"], len(os.listdir("out")))
-            self.assertEqual(table["converted"] + table["not reached"], 20)
+            self.assertEqual(table["converted"] + table["not reached"], 200)
             shutil.rmtree("out")
 
 
