@@ -73,6 +73,9 @@ class CommandLineTest(unittest.TestCase):
         cls.home = tempfile.mkdtemp()
         os.chmod(cls.home, 0o755)
         cls.program = shutil.copy(PROGRAM, cls.home)
+        tried = subprocess.run([cls.program, "--format=musicxml", "-"], input=STAVE.encode(),
+                               capture_output=True)
+        cls.writes_music_xml = b"this build" not in tried.stderr
 
     @classmethod
     def tearDownClass(cls):
@@ -184,6 +187,8 @@ class CommandLineTest(unittest.TestCase):
                     os.remove(score)
 
     def test_formats(self):
+        if not self.writes_music_xml:
+            self.skipTest("SKIPPED: this build has no MusicXML")
         vif, xml = b'VifFileVersion "10100004"', b'<?xml version="1.0" encoding="UTF-8"?>'
         for arguments, score, start in (
                 (["song.tab", "--format", "musicxml"], "song.musicxml", xml),
@@ -412,6 +417,8 @@ class CommandLineTest(unittest.TestCase):
         for options, folder, ending in (
                 ([], "tabs", ".vif"), (["-o", "tabs/out"], "tabs/out", ".vif"),
                 (["-oxml", "--format=musicxml"], "xml", ".musicxml")):
+            if ending == ".musicxml" and not self.writes_music_xml:
+                continue
             with self.subTest(options):
                 self.assertEqual(self.run_program("tabs", *options), (0, table, ""))
                 scores = [os.path.splitext(tab)[0] + ending for tab in tabs]
