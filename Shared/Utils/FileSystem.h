@@ -23,6 +23,9 @@ struct FileResult {
     explicit operator bool() const noexcept { return Succeeded(); }
 };
 
+// The system's words for the failure of the call that was made last.
+FileResult GetLastFailure();
+
 struct FileContents {
     STR m_Bytes;
     FileResult m_Result;

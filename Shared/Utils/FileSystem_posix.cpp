@@ -110,6 +110,10 @@ std::unique_ptr<char, decltype(&std::free)> GetRealPath(const char* path) {
 
 }  // namespace
 
+FileResult GetLastFailure() {
+    return LastError();
+}
+
 FileContents ReadWholeFile(const STR& path, int mostBytes) {
     const Descriptor file(path, O_RDONLY);
     struct stat status;

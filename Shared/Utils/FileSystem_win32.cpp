@@ -107,6 +107,10 @@ std::intptr_t MakeFile(const char* path) {
 
 }  // namespace
 
+FileResult GetLastFailure() {
+    return LastError();
+}
+
 FileContents ReadWholeFile(const STR& path, int mostBytes) {
     if (GetPathKind(path) == PathKind::Folder) {
         return {{}, {"Is a folder"}};

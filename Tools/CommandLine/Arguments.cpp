@@ -15,9 +15,15 @@ constexpr const char* kHelpText =
     "Makes a notated score, NAME.vif, of each plain-text guitar or bass tab FILE, beside it.\n"
     "FILE - is standard input, whose score goes to standard output.\n"
     "\n"
+    "FILE may be a folder: every tab in it and below it gives a score, beside it or in the same\n"
+    "place below the output folder. Tabs are called .tab, .btab or .crd; a .txt is tried too, and\n"
+    "is no failure when it is no tab. Hidden files and links to folders are left out. Each file\n"
+    "that was not converted has a line, and a table closes the run.\n"
+    "\n"
     "  -o, --output PATH   write the score to this file, or into this folder, which is made\n"
-    "                      when it is missing (several FILEs: always a folder); - is standard\n"
-    "                      output. In a folder the score of standard input is stdin.vif.\n"
+    "                      when it is missing (several FILEs or a folder: always a folder);\n"
+    "                      - is standard output. In a folder the score of standard input is\n"
+    "                      stdin.vif.\n"
     "  --format FORMAT     vif: a score for the notation host (the default)\n"
     "                      musicxml: MusicXML for other notation programs, NAME.musicxml;\n"
     "                      also chosen by -o NAME.musicxml\n"
@@ -163,6 +169,8 @@ void ArgumentReader::CheckFiles() {
     } else if (files.size() > 1 && !CanBeFolder(m_Result.m_Output)) {
         Complain(STR("the output of several files must be a folder, not ") +
                  Quoted(m_Result.m_Output));
+    } else if (GetPathKind(files.front()) == PathKind::Folder && !CanBeFolder(m_Result.m_Output)) {
+        Complain(STR("the output of a folder must be a folder, not ") + Quoted(m_Result.m_Output));
     }
 }
 

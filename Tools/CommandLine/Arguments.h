@@ -17,7 +17,7 @@ struct Arguments {
     enum class Request { Convert, ShowHelp, ShowVersion };
 
     Request m_Request = Request::Convert;
-    std::vector<STR> m_Files;
+    std::vector<STR> m_Files;  // and folders
     STR m_Output;  // a file, a folder or "-"; empty when each score goes beside its file
     ScoreFormat m_Format = ScoreFormat::Vif;
     RhythmLevel m_RhythmLevel = RhythmLevel::WhenIndicated;
@@ -27,7 +27,7 @@ struct Arguments {
 };
 
 // Options and files in any order; the last of contradicting options counts. Looks at the file
-// system only to tell whether the output of several files is a folder.
+// system only to tell whether a file is a folder, and its output or that of several files too.
 Arguments ReadArguments(int count, const char* const* texts);
 
 // With the line end.

@@ -2,37 +2,31 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 
 #include "Exceptions.h"
+#include "PrintableText.h"
 #include "Terminal.h"
 
 namespace tabulorix {
 
-namespace {
+ConsoleOutput::ConsoleOutput(Options options) : m_Options(options), m_Bar(!options.m_IsQuiet) {}
 
-// Work that is done sooner shows no bar: it would only flicker.
-constexpr std::chrono::milliseconds kBarDelay(250);
-
-constexpr int kWidestBar = 40;
-constexpr int kNarrowestBar = 10;
-// " [", "] ", "100 %" and the last column, which makes some terminals start a new line.
-constexpr int kBarFrame = 10;
-
-}  // namespace
-
-ConsoleOutput::ConsoleOutput(Options options)
-    : m_Options(options), m_MayShowBar(!options.m_IsQuiet && IsErrorStreamTerminal()) {}
-
-ConsoleOutput::~ConsoleOutput() {
-    ClearBar();
+void ConsoleOutput::StartRun(int fileCount) {
+    m_RunFileCount = fileCount;
+    m_Bar.Start();
 }
 
 void ConsoleOutput::StartFile(const STR& shownName) {
-    m_ShownName = shownName;
+    m_ShownName = MakePrintable(shownName);
     m_ReportedIds.Clear();
-    m_FileStart = std::chrono::steady_clock::now();
+    if (IsRun()) {
+        ++m_RunFileNumber;
+    } else {
+        m_Bar.Start();
+    }
 }
 
 void ConsoleOutput::SetProgress(int percent, const STR& /*caption*/) {
@@ -40,35 +34,52 @@ void ConsoleOutput::SetProgress(int percent, const STR& /*caption*/) {
         RecordThrowLocation("ConsoleOutput", __LINE__);
         throw ConverterCancelled("cancelled");
     }
-    const int shown = std::clamp(percent, 0, 100);
-    if (m_MayShowBar && shown != m_ShownPercent &&
-        std::chrono::steady_clock::now() - m_FileStart >= kBarDelay) {
-        DrawBar(shown);
+    if (!m_Bar.IsDue()) {
+        return;
     }
+    const int shown = std::clamp(percent, 0, 100);
+    if (!IsRun()) {
+        m_Bar.Draw(m_ShownName, shown);
+        return;
+    }
+    const std::int64_t done = (m_RunFileNumber - 1) * std::int64_t{100} + shown;
+    m_Bar.Draw(STR::FromInt(m_RunFileNumber) + " of " + STR::FromInt(m_RunFileCount),
+               static_cast<int>(done / m_RunFileCount));
 }
 
 void ConsoleOutput::ReportResult(const ResId& message, int /*kind*/, const STR& text, int repeat) {
     const int id = message.GetId();
     const bool wasReported = m_ReportedIds.Contains(id);
-    if (m_Options.m_IsQuiet || (wasReported && repeat == 0)) {
-        return;
-    }
     if (!wasReported) {
         m_ReportedIds.Append(id);
     }
-    ClearBar();
+    if (m_Options.m_IsQuiet || IsRun() || (wasReported && repeat == 0)) {
+        return;
+    }
+    m_Bar.Clear();
     const STR line = text.IsEmpty() ? message.GetString() : text;
     std::fprintf(stderr, "%s: %s\n", m_ShownName.GetText(), line.GetText());
 }
 
 void ConsoleOutput::PrintSummary(const STR& text) {
-    ClearBar();
+    if (!IsRun()) {
+        PrintResult(m_ShownName, text);
+    }
+}
+
+void ConsoleOutput::PrintTable(const STR& table) {
+    PrintResult(table, {});
+}
+
+// Takes no memory: a score that has its place is not to fail here.
+void ConsoleOutput::PrintResult(const STR& start, const STR& end) {
+    m_Bar.Clear();
     if (m_Options.m_IsQuiet) {
         return;
     }
     std::FILE* stream = m_Options.m_SummariesToErrorStream ? stderr : stdout;
     // Written at once: an interrupt between two files must not lose it.
-    if ((std::fprintf(stream, "%s%s\n", m_ShownName.GetText(), text.GetText()) < 0 ||
+    if ((std::fprintf(stream, "%s%s\n", start.GetText(), end.GetText()) < 0 ||
          std::fflush(stream) != 0) &&
         !m_HasLostSummary) {
         m_HasLostSummary = true;
@@ -77,33 +88,9 @@ void ConsoleOutput::PrintSummary(const STR& text) {
 }
 
 void ConsoleOutput::PrintError(const STR& text) {
-    ClearBar();
-    std::fprintf(stderr, "tabulorix: %s: %s\n", m_ShownName.GetText(), text.GetText());
-}
-
-void ConsoleOutput::DrawBar(int percent) {
-    const int room = GetTerminalWidth() - kBarFrame;
-    // A name that leaves no room for the bar is not shown.
-    const STR name = m_ShownName.GetLength() <= room - kNarrowestBar ? m_ShownName : STR();
-    const int barWidth = std::min(room - name.GetLength(), kWidestBar);
-    if (barWidth < kNarrowestBar) {
-        return;
-    }
-    char bar[kWidestBar];
-    std::fill_n(bar, barWidth, '.');
-    std::fill_n(bar, barWidth * percent / 100, '#');
-    SetBarShown(true);
-    std::fprintf(stderr, "\r%s [%.*s] %3d %%", name.GetText(), barWidth, bar, percent);
-    m_ShownPercent = percent;
-    m_ShownWidth = name.GetLength() + barWidth + kBarFrame - 1;
-}
-
-void ConsoleOutput::ClearBar() {
-    if (m_ShownPercent >= 0) {
-        std::fprintf(stderr, "\r%*s\r", m_ShownWidth, "");
-        m_ShownPercent = -1;
-        SetBarShown(false);
-    }
+    m_Bar.Clear();
+    std::fprintf(stderr, "tabulorix: %s: %s\n", m_ShownName.GetText(),
+                 MakePrintable(text).GetText());
 }
 
 }  // namespace tabulorix

@@ -1,5 +1,6 @@
 #include "FileConversion.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <exception>
 #include <new>
@@ -7,6 +8,7 @@
 #include "Converter.h"
 #include "Exceptions.h"
 #include "FileName.h"
+#include "PrintableText.h"
 #include "ScoreTemplate.h"
 #include "TabRecognition.h"
 #include "Terminal.h"
@@ -16,6 +18,21 @@ namespace tabulorix {
 namespace {
 
 constexpr const char* kNoMemory = "there is not enough memory for it";
+
+// A file that was read and holds nothing to convert.
+class NoTab : public Exception {
+public:
+    NoTab(Outcome outcome, const STR& reason) : Exception(reason), m_Outcome(outcome) {}
+    Outcome GetOutcome() const noexcept { return m_Outcome; }
+
+private:
+    Outcome m_Outcome;
+};
+
+[[noreturn]] void RefuseAs(Outcome outcome, const STR& reason) {
+    RecordThrowLocation("FileConversion", __LINE__);
+    throw NoTab(outcome, reason);
+}
 
 [[noreturn]] void Refuse(const STR& reason) {
     RecordThrowLocation("FileConversion", __LINE__);
@@ -49,7 +66,7 @@ void CheckIsTab(std::string_view bytes) {
         return;
     }
     if (bytes.empty()) {
-        Refuse("not a tab: it is empty");
+        RefuseAs(Outcome::Empty, "not a tab: it is empty");
     }
     STR reason = "not a tab: ";
     if (!found.HasStringLine()) {
@@ -62,7 +79,24 @@ void CheckIsTab(std::string_view bytes) {
                  Number(found.m_TextByteCount) + " of " + Number(found.m_ByteCount) +
                  "; at least " + Number(TabRecognition::kLeastTextPercent) + " % must be)";
     }
-    Refuse(reason);
+    RefuseAs(found.IsText() ? Outcome::TooFewDashes : Outcome::NotText, reason);
+}
+
+// Makes what is missing of a folder and of those below it.
+void MakeFolders(const STR& folder, std::string_view subfolder) {
+    STR path = folder;
+    for (;;) {
+        if (GetPathKind(path) == PathKind::Nothing) {
+            Require(MakeFolder(path), STR("cannot make the folder ") + path);
+        }
+        if (subfolder.empty()) {
+            return;
+        }
+        const auto end = std::find_if(subfolder.begin(), subfolder.end(), IsPathSeparator);
+        const auto length = static_cast<std::size_t>(end - subfolder.begin());
+        path = JoinPath(path, subfolder.substr(0, length));
+        subfolder.remove_prefix(std::min(length + 1, subfolder.size()));
+    }
 }
 
 const char* Describe(RhythmSource source) {
@@ -87,18 +121,24 @@ STR Describe(const ConversionSummary& summary) {
 
 }  // namespace
 
-FileConverter::FileConverter(const Arguments& arguments, ConsoleOutput& output)
-    : m_Arguments(arguments), m_Output(output) {
-    for (const STR& file : arguments.m_Files) {
-        m_Inputs.insert(GetFileIdentity(file));
+FileConverter::FileConverter(const Arguments& arguments, const std::vector<InputFile>& files,
+                             ConsoleOutput& output)
+    : m_Arguments(arguments), m_Output(output), m_HasOneFile(files.size() == 1) {
+    for (const InputFile& file : files) {
+        m_Inputs.insert(GetFileIdentity(file.m_Path));
     }
 }
 
-bool FileConverter::Convert(const STR& file) {
-    m_Output.StartFile(file == kStandardStream ? STR("standard input") : file);
+Outcome FileConverter::Convert(const InputFile& file) {
+    m_Output.StartFile(file.m_Path == kStandardStream ? STR("standard input") : file.m_Path);
     try {
         ConvertFile(file);
-        return true;
+        return Outcome::Converted;
+    } catch (const NoTab& refusal) {
+        if (file.m_Origin != InputFile::Origin::FoundText) {
+            m_Output.PrintError(refusal.GetText());
+        }
+        return refusal.GetOutcome();
     } catch (const ConverterCancelled&) {
         throw;
     } catch (const std::bad_alloc&) {
@@ -108,21 +148,22 @@ bool FileConverter::Convert(const STR& file) {
     } catch (const std::exception& failure) {
         m_Output.PrintError(failure.what());
     }
-    return false;
+    return Outcome::Failed;
 }
 
-void FileConverter::ConvertFile(const STR& file) {
+void FileConverter::ConvertFile(const InputFile& file) {
     const ScoreTarget target = ChooseScoreTarget(m_Arguments, file);
     CheckReplacesNothingNeeded(target);
-    const STR bytes = ReadInput(file);
+    const STR bytes = ReadInput(file.m_Path);
     CheckIsTab(bytes);
     Converter converter(m_Output, m_Arguments.m_RhythmLevel);
     const std::unique_ptr<TreeNode> document = MakeDocument();
     converter.FillScore(bytes, *document);
     if (converter.GetSummary().m_StaveCount == 0) {
-        Refuse("there is no tab stave in it, so it has no score");
+        RefuseAs(Outcome::WithoutStave, "there is no tab stave in it, so it has no score");
     }
-    const STR summary = STR(" -> ") + target.m_ShownName + ": " + Describe(converter.GetSummary());
+    const STR summary =
+        MakePrintable(STR(" -> ") + target.m_ShownName + ": " + Describe(converter.GetSummary()));
     WriteScore(target, *document);
     m_Output.PrintSummary(summary);
 }
@@ -149,8 +190,8 @@ void FileConverter::WriteScore(const ScoreTarget& target, const TreeNode& docume
 }
 
 void FileConverter::WriteFile(const ScoreTarget& target, const TreeNode& document) {
-    if (!target.m_Folder.IsEmpty() && GetPathKind(target.m_Folder) == PathKind::Nothing) {
-        Require(MakeFolder(target.m_Folder), STR("cannot make the folder ") + target.m_Folder);
+    if (!target.m_Folder.IsEmpty()) {
+        MakeFolders(target.m_Folder, target.m_Subfolder);
     }
     // A request to end the program is only noted while there may be a file to remove.
     const InterruptGuard guard;
@@ -183,7 +224,7 @@ std::unique_ptr<TreeNode> FileConverter::MakeDocument() {
     if (m_BlankScore == nullptr) {
         Refuse("the program's blank score is missing");
     }
-    if (m_Arguments.m_Files.size() == 1) {
+    if (m_HasOneFile) {
         return std::move(m_BlankScore);
     }
     return std::make_unique<TreeNode>(*m_BlankScore);

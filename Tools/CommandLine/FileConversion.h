@@ -1,31 +1,38 @@
-// Turns the files of one command line into scores, each from its path to its place.
+// Turns the files of one run into scores, each from its path to its place.
 
 #pragma once
 
 #include <memory>
 #include <set>
+#include <vector>
 
 #include "Arguments.h"
 #include "ConsoleOutput.h"
 #include "FileSystem.h"
+#include "InputFile.h"
 #include "ScoreTarget.h"
 #include "TreeNode.h"
 
 namespace tabulorix {
 
+// What became of a file. All but the first mean that it has no score.
+enum class Outcome { Converted, Empty, NotText, TooFewDashes, WithoutStave, Failed };
+
 class FileConverter {
 public:
-    // Both must outlive this object.
-    FileConverter(const Arguments& arguments, ConsoleOutput& output);
+    // `files` are all that will be converted: none of them is replaced by a score. Arguments and
+    // output must outlive this object.
+    FileConverter(const Arguments& arguments, const std::vector<InputFile>& files,
+                  ConsoleOutput& output);
 
-    // Converts one of the arguments' files and prints what there is to say. False when there is no
-    // score, with the reason printed; an earlier score is then as it was. Throws ConverterCancelled
-    // when the user wants the program to end.
-    bool Convert(const STR& file);
+    // Converts one of the files and prints what there is to say: without a score the reason, unless
+    // the file was only tried, and is no tab. An earlier score is then as it was. Throws
+    // ConverterCancelled when the user wants the program to end.
+    Outcome Convert(const InputFile& file);
 
 private:
     // These throw Exception with the reason when it cannot be done.
-    void ConvertFile(const STR& file);
+    void ConvertFile(const InputFile& file);
     void CheckReplacesNothingNeeded(const ScoreTarget& target) const;
     void WriteScore(const ScoreTarget& target, const TreeNode& document);
     void WriteFile(const ScoreTarget& target, const TreeNode& document);
@@ -34,6 +41,7 @@ private:
 
     const Arguments& m_Arguments;
     ConsoleOutput& m_Output;
+    bool m_HasOneFile;
     std::unique_ptr<TreeNode> m_BlankScore;  // null before the first use
     std::set<FileIdentity> m_Inputs;
     std::set<FileIdentity> m_WrittenScores;

@@ -1,9 +1,6 @@
 #include "ScoreFormat.h"
 
-#include <algorithm>
-#include <string>
-
-#include "Ascii.h"
+#include "FileExtension.h"
 #include "FileName.h"
 #include "MusicXml.h"
 
@@ -23,10 +20,7 @@ std::optional<ScoreFormat> FindScoreFormat(std::string_view name) noexcept {
 }
 
 std::optional<ScoreFormat> FindScoreFormatOfPath(std::string_view path) {
-    const std::string_view name = GetLastPart(path);
-    std::string extension(name.substr(std::min(name.rfind('.'), name.size() - 1) + 1));
-    std::transform(extension.begin(), extension.end(), extension.begin(), ToLower);
-    return FindScoreFormat(extension);
+    return FindScoreFormat(GetLowerCaseExtension(GetLastPart(path)));
 }
 
 STR ComposeDocument(const TreeNode& document, ScoreFormat format) {

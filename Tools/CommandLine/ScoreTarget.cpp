@@ -10,37 +10,40 @@ namespace {
 constexpr const char* kNameOfStandardInput = "stdin";
 
 // The folder that the scores go into; empty when none was named.
-STR ChooseFolder(const Arguments& arguments) {
+STR ChooseFolder(const Arguments& arguments, const InputFile& input) {
     const STR& output = arguments.m_Output;
-    const bool isFolder = !output.IsEmpty() &&
-                          (arguments.m_Files.size() > 1 || IsPathSeparator(output.View().back()) ||
-                           GetPathKind(output) == PathKind::Folder);
+    const bool isOneOfSeveral =
+        arguments.m_Files.size() > 1 || input.m_Origin != InputFile::Origin::Named;
+    const bool isFolder =
+        !output.IsEmpty() && (isOneOfSeveral || IsPathSeparator(output.View().back()) ||
+                              GetPathKind(output) == PathKind::Folder);
     return isFolder ? output : STR();
 }
 
-STR ChoosePath(const STR& folder, const Arguments& arguments, const STR& file) {
+STR ChoosePath(const STR& folder, const Arguments& arguments, const InputFile& input) {
+    const STR& file = input.m_Path;
     const char* extension = GetExtension(arguments.m_Format);
     if (!folder.IsEmpty()) {
         const STR name =
             file == kStandardStream ? STR(kNameOfStandardInput) : STR(GetLastPart(file));
-        return JoinPath(folder, ReplaceExtension(name, extension));
+        return JoinPath(JoinPath(folder, input.m_Subfolder), ReplaceExtension(name, extension));
     }
     return arguments.m_Output.IsEmpty() ? ReplaceExtension(file, extension) : arguments.m_Output;
 }
 
 }  // namespace
 
-ScoreTarget ChooseScoreTarget(const Arguments& arguments, const STR& file) {
+ScoreTarget ChooseScoreTarget(const Arguments& arguments, const InputFile& input) {
     const STR& output = arguments.m_Output;
-    if (output == kStandardStream || (output.IsEmpty() && file == kStandardStream)) {
-        return {ScoreTarget::Kind::StandardOutput, "standard output", {}, {}};
+    if (output == kStandardStream || (output.IsEmpty() && input.m_Path == kStandardStream)) {
+        return {ScoreTarget::Kind::StandardOutput, "standard output", {}, {}, {}};
     }
-    const STR folder = ChooseFolder(arguments);
-    const STR path = ChoosePath(folder, arguments, file);
+    const STR folder = ChooseFolder(arguments, input);
+    const STR path = ChoosePath(folder, arguments, input);
     if (GetPathKind(path) == PathKind::Device) {
-        return {ScoreTarget::Kind::Stream, path, path, {}};
+        return {ScoreTarget::Kind::Stream, path, path, {}, {}};
     }
-    return {ScoreTarget::Kind::File, path, ResolveLinks(path), folder};
+    return {ScoreTarget::Kind::File, path, ResolveLinks(path), folder, input.m_Subfolder};
 }
 
 }  // namespace tabulorix

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "Arguments.h"
+#include "InputFile.h"
 #include "STR.h"
 
 namespace tabulorix {
@@ -18,9 +19,11 @@ struct ScoreTarget {
     STR m_Path;
     // The folder that the scores go into, to be made when it is missing; empty when none was named.
     STR m_Folder;
+    // Below that folder, to be made too.
+    STR m_Subfolder;
 };
 
-// `file` is one of the arguments' files. A folder is never given back: writing to it fails.
-ScoreTarget ChooseScoreTarget(const Arguments& arguments, const STR& file);
+// A folder is never given back: writing to it fails.
+ScoreTarget ChooseScoreTarget(const Arguments& arguments, const InputFile& input);
 
 }  // namespace tabulorix

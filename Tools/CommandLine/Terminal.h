@@ -17,7 +17,8 @@ void SetBarShown(bool isShown) noexcept;
 int GetTerminalWidth() noexcept;
 
 // Ctrl-C and requests to end the program end it at once. As long as a guard lives they are only
-// noted, so that what must not stay behind can be removed. One at a time.
+// noted, so that what must not stay behind can be removed, and a last word can be said. Guards may
+// stand inside each other.
 class InterruptGuard {
 public:
     InterruptGuard() noexcept;

@@ -16,12 +16,12 @@ constexpr int kEndingSignals[] = {SIGINT, SIGTERM, SIGHUP};
 constexpr int kUsualWidth = 80;
 
 volatile std::sig_atomic_t g_NotedSignal = 0;
-volatile std::sig_atomic_t g_IsGuarded = 0;
+volatile std::sig_atomic_t g_GuardCount = 0;
 volatile std::sig_atomic_t g_IsBarShown = 0;
 
 // Only what a signal handler may call.
 void EndOrNote(int signal) {
-    if (g_IsGuarded != 0) {
+    if (g_GuardCount != 0) {
         g_NotedSignal = signal;
         return;
     }
@@ -80,11 +80,11 @@ void SetBarShown(bool isShown) noexcept {
 }
 
 InterruptGuard::InterruptGuard() noexcept {
-    g_IsGuarded = 1;
+    g_GuardCount = g_GuardCount + 1;
 }
 
 InterruptGuard::~InterruptGuard() {
-    g_IsGuarded = 0;
+    g_GuardCount = g_GuardCount - 1;
 }
 
 bool WasInterrupted() noexcept {

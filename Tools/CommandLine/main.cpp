@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <vector>
 
 #include "Arguments.h"
 #include "ConsoleOutput.h"
 #include "Exceptions.h"
 #include "FileConversion.h"
+#include "FolderConversion.h"
 #include "Terminal.h"
 #include "Version.h"
 
@@ -25,16 +27,26 @@ bool TakesStandardOutput(const Arguments& arguments) {
             std::find(files.begin(), files.end(), STR(kStandardStream)) != files.end());
 }
 
-int ConvertAll(const Arguments& arguments) {
-    ConsoleOutput output({arguments.m_IsQuiet, TakesStandardOutput(arguments)});
-    FileConverter converter(arguments, output);
-    bool isComplete = true;
+bool ConvertFiles(const Arguments& arguments, ConsoleOutput& output) {
+    std::vector<InputFile> files;
     for (const STR& file : arguments.m_Files) {
-        isComplete = converter.Convert(file) && isComplete;
+        files.push_back({file});
+    }
+    FileConverter converter(arguments, files, output);
+    bool isComplete = true;
+    for (const InputFile& file : files) {
+        isComplete = converter.Convert(file) == Outcome::Converted && isComplete;
         if (WasInterrupted()) {
             break;
         }
     }
+    return isComplete;
+}
+
+int ConvertAll(const Arguments& arguments) {
+    ConsoleOutput output({arguments.m_IsQuiet, TakesStandardOutput(arguments)});
+    const bool isComplete = NamesFolder(arguments) ? ConvertFolders(arguments, output)
+                                                   : ConvertFiles(arguments, output);
     return isComplete && !output.HasLostSummary() ? kAllConverted : kNotAllConverted;
 }
 

@@ -110,6 +110,13 @@ char* __wrap_realpath(const char* path, char* result) {
     return result == nullptr ? static_cast<char*>(Count(real)) : real;
 }
 
+// What these give is the C library's own and is not counted.
+#define WRAP_FOLDER(name, Argument)                                \
+    void* __real_##name(Argument* argument);                       \
+    void* __wrap_##name(Argument* argument) {                      \
+        return MustFailFile() ? nullptr : __real_##name(argument); \
+    }
+
 #define WRAP(name, parameters, arguments)                     \
     int __real_##name parameters;                             \
     int __wrap_##name parameters {                            \
@@ -151,6 +158,9 @@ WRAP(mkdir, (const char* path, unsigned mode), (path, mode))
 WRAP(rename, (const char* from, const char* to), (from, to))
 WRAP_WORKING(unlink, (const char* path), (path))
 WRAP_WORKING(close, (int file), (file))
+WRAP_FOLDER(opendir, const char)
+WRAP_FOLDER(readdir, void)
+WRAP_FOLDER(readdir64, void)
 WRAP_TRANSFER(read, void)
 WRAP_TRANSFER(write, const void)
 WRAP_UNIQUE(mkostemps)

@@ -8,6 +8,7 @@
 
 #include "FaultInjector.h"
 #include "FileConversion.h"
+#include "FolderConversion.h"
 #include "HostCallbacks.h"
 #include "MusicXml.h"
 #include "NodeAllocator.h"
@@ -154,7 +155,7 @@ private:
 class ConversionScene : public Scene {
 public:
     ConversionScene(const std::string& tab, RhythmLevel level) : Scene(tab) {
-        m_Arguments.m_Files = {m_Tab, m_Host.MakeFile("next.tab", tab)};
+        m_Files = {{m_Tab}, {m_Host.MakeFile("next.tab", tab)}};
         m_Arguments.m_RhythmLevel = level;
         m_Arguments.m_Format = level == RhythmLevel::Always && CanComposeMusicXml()
                                    ? ScoreFormat::MusicXml
@@ -173,7 +174,8 @@ public:
         m_IsConverted = false;
         try {
             ConsoleOutput output({true, false});
-            m_IsConverted = FileConverter(m_Arguments, output).Convert(m_Tab);
+            m_IsConverted = FileConverter(m_Arguments, m_Files, output).Convert(m_Files[0]) ==
+                            Outcome::Converted;
         } catch (const std::bad_alloc&) {  // the program ends and says so
         }
     }
@@ -196,9 +198,72 @@ private:
     }
 
     Arguments m_Arguments;
+    std::vector<InputFile> m_Files;
     bool m_IsConverted = false;
     Disk m_Before;
     Disk m_After;
+    Holdings m_Holdings;
+};
+
+// The command line's run over a folder, over earlier scores. One file that fails does not keep the
+// others from being converted.
+class FolderScene : public Scene {
+public:
+    FolderScene(const std::string& tab, RhythmLevel level) : Scene(tab) {
+        const STR folder = m_Host.GetPath("tabs");
+        MakeFolder(folder);
+        MakeFolder(JoinPath(folder, "more"));
+        m_Host.MakeFile("tabs/song.tab", tab);
+        m_Host.MakeFile("tabs/more/song.tab", tab);
+        m_Arguments.m_Files = {folder};
+        m_Arguments.m_RhythmLevel = level;
+        m_Arguments.m_IsQuiet = true;
+        for (int i = 0; i < 2; ++i) {  // the second is the first to find all that is kept
+            PrepareDisk();
+            Run();
+            m_Score = ReadWholeFile(m_Scores[0]).m_Bytes;
+            m_Holdings = Holdings();
+        }
+        PrepareDisk();
+    }
+
+    void Run() {
+        m_IsConverted = false;
+        try {
+            ConsoleOutput output({true, false});
+            m_IsConverted = ConvertFolders(m_Arguments, output);
+        } catch (const std::bad_alloc&) {  // the program ends and says so
+        }
+    }
+
+    bool IsComplete() const { return m_IsConverted; }
+
+    const char* FindProblem() {
+        bool isRight = true;
+        for (const STR& path : m_Scores) {
+            const STR score = ReadWholeFile(path).m_Bytes;
+            isRight = isRight && (score == m_Score || (score == "earlier" && !m_IsConverted));
+        }
+        PrepareDisk();
+        const bool isDiskRight = ReadDisk() == m_Before;
+        return !isRight                   ? "scores are lost, incomplete or missing"
+               : !isDiskRight             ? "files are left or changed"
+               : Holdings() != m_Holdings ? "memory or descriptors are held"
+                                          : nullptr;
+    }
+
+private:
+    void PrepareDisk() {
+        m_Scores = {m_Host.MakeFile("tabs/song.vif", "earlier"),
+                    m_Host.MakeFile("tabs/more/song.vif", "earlier")};
+        m_Before = m_Before.empty() ? ReadDisk() : m_Before;
+    }
+
+    Arguments m_Arguments;
+    std::vector<STR> m_Scores;
+    STR m_Score;
+    bool m_IsConverted = false;
+    Disk m_Before;
     Holdings m_Holdings;
 };
 
@@ -262,6 +327,16 @@ TEST_CASE("Without memory the command line keeps the earlier score") {
 TEST_CASE("When the system fails the command line, it keeps the earlier score") {
     CheckEachCall<ConversionScene>(Fault::Kind::File);
     CheckEachCall<ConversionScene>(Fault::Kind::Partial);
+}
+
+TEST_CASE("Whatever fails in a folder, each score is the earlier or the new one") {
+    if (!HasSmallTemplate()) {
+        return;
+    }
+    for (const Fault::Kind kind : {Fault::Kind::Memory, Fault::Kind::File, Fault::Kind::Partial}) {
+        FolderScene scene(kTabs[0], RhythmLevel::Always);
+        CHECK(CheckCalls(kind, 1, 1, scene) > 0);
+    }
 }
 
 TEST_CASE("Ten thousand imports leave no more behind than a hundred") {
