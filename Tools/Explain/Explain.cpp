@@ -73,7 +73,10 @@ RowWriter::RowWriter(const TabReading& tab, Explanation& explanation)
 
 void RowWriter::WriteRows() {
     const std::vector<StaveReading>& staves = m_Tab.GetStaves();
-    for (int line = 0; line < m_Tab.GetText().GetLineCount(); ++line) {
+    const TabText& text = m_Tab.GetText();
+    // The line behind the last line feed is none to a reader.
+    const int end = text.GetLineCount() - (text.GetLine(text.GetLineCount() - 1).empty() ? 1 : 0);
+    for (int line = 0; line < end; ++line) {
         if (m_NextStave < staves.size() && GetStave(m_NextStave).m_Stave->m_FirstLine == line) {
             WriteStaveHead(m_NextStave);
             ++m_NextStave;

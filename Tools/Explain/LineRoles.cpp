@@ -123,7 +123,7 @@ void LineRoles::AddTimeSignatures() {
     }
 }
 
-void LineRoles::Conclude(Line& line) {
+void LineRoles::AddLabelRole(Line& line) {
     std::vector<int>& labelled = line.m_LabelledBars;
     std::sort(labelled.begin(), labelled.end());
     BarRanges bars;
@@ -133,6 +133,9 @@ void LineRoles::Conclude(Line& line) {
     if (!labelled.empty()) {
         AddRole(line.m_Roles, bars.IsEmpty() ? "label, no bar" : "label, bar " + bars.GetText());
     }
+}
+
+void LineRoles::AddMusicRoles(Line& line) {
     AddRole(line.m_Roles, "chords", line.m_Chords);
     AddRole(line.m_Roles, "note values", line.m_NoteValues);
     AddRole(line.m_Roles, "counts", line.m_Counts);
@@ -143,9 +146,12 @@ void LineRoles::Conclude(Line& line) {
 
 void LineRoles::Finish() {
     AddLabels();
+    for (auto& [number, line] : m_Lines) {
+        AddLabelRole(line);
+    }
     AddTimeSignatures();
     for (auto& [number, line] : m_Lines) {
-        Conclude(line);
+        AddMusicRoles(line);
     }
 }
 

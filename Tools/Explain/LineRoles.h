@@ -59,7 +59,8 @@ private:
     void MarkOn(Line& line, const ColumnSpan& columns, Mark mark);
     void AddLabels();
     void AddTimeSignatures();
-    static void Conclude(Line& line);
+    static void AddLabelRole(Line& line);
+    static void AddMusicRoles(Line& line);
 
     const TabAnalysis& m_Tab;
     std::map<int, Line> m_Lines;

@@ -123,18 +123,28 @@ Explanation ExplainRefusal(std::string_view bytes, const TabRecognition& found) 
     return explanation;
 }
 
+namespace {
+
+std::string DescribeRuns(const DashedRuns& runs) {
+    const LineRange& longest = runs.GetLongest();
+    std::string text = std::to_string(runs.GetLineCount()) + " have";
+    if (longest.m_Count == 1) {
+        return text + ", but no two of them stand below each other";
+    }
+    text += "; at most " + std::to_string(longest.m_Count) +
+            " of them stand below each other, in line " + std::to_string(longest.m_First + 1) +
+            " first";
+    return longest.m_Count < kFewestStaveLines ? text
+                                               : text + ", but not all of these look like tab";
+}
+
+}  // namespace
+
 void ExplainMissingStave(std::string_view bytes, const DashedRuns& runs, Explanation& explanation) {
     std::vector<std::string>& summary = explanation.m_Summary;
-    const LineRange& longest = runs.GetLongest();
     summary.emplace_back("there is no tab stave in it, so it has no score");
-    summary.push_back("a stave is " + std::to_string(kFewestStaveLines) +
-                      " or more lines below each other with two dashes or more; such lines: " +
-                      std::to_string(runs.GetLineCount()) +
-                      ", the most below each other: " + std::to_string(longest.m_Count) +
-                      " from line " + std::to_string(longest.m_First + 1) + " on");
-    if (longest.m_Count >= kFewestStaveLines) {
-        summary.emplace_back("too few of them are left without those that look like no tab");
-    }
+    summary.push_back("a stave takes " + std::to_string(kFewestStaveLines) +
+                      " lines below each other with two dashes or more: " + DescribeRuns(runs));
     MentionLoneReturns(bytes, summary);
 }
 
