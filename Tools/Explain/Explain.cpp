@@ -33,6 +33,18 @@ std::string DescribeRhythms(const TabReading& tab) {
                                   : "rhythms not shown, so that every note is an eighth";
 }
 
+void Summarize(const TabReading& tab, std::vector<std::string>& summary) {
+    const std::size_t staves = tab.GetStaves().size();
+    summary.push_back(Count(static_cast<int>(staves), "stave") + ", " +
+                      Count(tab.GetBarCount(), "bar") + ", " + Count(tab.GetNoteCount(), "note") +
+                      ", " + DescribeRhythms(tab));
+    if (tab.GetReadStaveCount() < staves) {
+        summary.push_back(
+            "so many staves share their lines that bars and notes are told up to stave " +
+            std::to_string(tab.GetReadStaveCount()) + " only");
+    }
+}
+
 // Sets the rows of the whole tab, line by line from the top.
 class RowWriter {
 public:
@@ -188,10 +200,7 @@ Explanation Explain(std::string_view bytes, RhythmLevel level) {
     if (tab.GetStaves().empty()) {
         ExplainMissingStave(bytes, runs, explanation);
     } else {
-        explanation.m_Summary.push_back(Count(static_cast<int>(tab.GetStaves().size()), "stave") +
-                                        ", " + Count(tab.GetBarCount(), "bar") + ", " +
-                                        Count(tab.GetNoteCount(), "note") + ", " +
-                                        DescribeRhythms(tab));
+        Summarize(tab, explanation.m_Summary);
     }
     return explanation;
 }

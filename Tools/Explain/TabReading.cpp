@@ -1,6 +1,7 @@
 #include "TabReading.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "BarReading.h"
 #include "FretCharacters.h"
@@ -10,6 +11,9 @@ namespace tabulorix {
 namespace {
 
 constexpr int kMostStavesShownOfRun = 4;
+
+// A run of a thousand lines takes so much.
+constexpr std::int64_t kMostColumnsReadPerByte = 100;
 
 void MarkColumns(std::vector<Mark>& marks, int start, int end, Mark mark) {
     std::fill(marks.begin() + start, marks.begin() + end, mark);
@@ -49,7 +53,7 @@ std::vector<Mark> StaveReading::GetMarks(std::string_view characters) const {
 TabReading::TabReading(std::string_view bytes, RhythmLevel level)
     : m_Text(bytes, m_Messages), m_Analysis(m_Text), m_Roles(m_Analysis) {
     ReadStaves();
-    ReadBars(level);
+    ReadBars(bytes.size(), level);
     m_Roles.Finish();
 }
 
@@ -67,12 +71,21 @@ void TabReading::ReadStaves() {
     }
 }
 
-void TabReading::ReadBars(RhythmLevel level) {
+void TabReading::ReadBars(std::size_t byteCount, RhythmLevel level) {
     BarReader reader(m_Analysis, level);
+    const std::int64_t mostColumns = kMostColumnsReadPerByte * static_cast<std::int64_t>(byteCount);
+    std::int64_t columns = 0;
     auto stave = m_Staves.begin();
     for (const TabBar* tabBar : m_Analysis.GetTabBars()) {
         while (stave->m_Stave != tabBar->m_Stave) {
             ++stave;
+        }
+        if (stave->m_PlaceInRun > 0) {
+            columns += std::int64_t{tabBar->m_LineCount} * (tabBar->m_Width + 1);
+        }
+        if (columns > mostColumns) {
+            m_ReadStaveCount = static_cast<std::size_t>(stave - m_Staves.begin());
+            return;
         }
         const BarReading bar = reader.ReadNext(*tabBar);
         m_BarCount += bar.m_ScoreBarCount;
@@ -85,6 +98,7 @@ void TabReading::ReadBars(RhythmLevel level) {
             Show(bar, *stave);
         }
     }
+    m_ReadStaveCount = m_Staves.size();
 }
 
 void TabReading::Show(const BarReading& bar, StaveReading& stave) {

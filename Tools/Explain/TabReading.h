@@ -41,6 +41,10 @@ public:
         return m_Messages.GetMessages();
     }
 
+    // How many of the staves were read. All, unless so many overlap that reading their shared lines
+    // again and again would be out of proportion; then all counts and roles are those so far.
+    std::size_t GetReadStaveCount() const noexcept { return m_ReadStaveCount; }
+
     // Of the score.
     int GetBarCount() const noexcept { return m_BarCount; }
     int GetNoteCount() const noexcept { return m_NoteCount; }
@@ -49,7 +53,7 @@ public:
 
 private:
     void ReadStaves();
-    void ReadBars(RhythmLevel level);
+    void ReadBars(std::size_t byteCount, RhythmLevel level);
     void Show(const BarReading& bar, StaveReading& stave);
 
     MessageRecorder m_Messages;
@@ -57,6 +61,7 @@ private:
     TabAnalysis m_Analysis;
     std::vector<StaveReading> m_Staves;  // as in the analysis
     LineRoles m_Roles;
+    std::size_t m_ReadStaveCount = 0;
     int m_BarCount = 0;
     int m_NoteCount = 0;
     bool m_HasIndicatedRhythms = false;

@@ -295,6 +295,11 @@ TEST_CASE("a tall run of lines is shown in proportion to its size") {
         Explain(MakeStave("--0-------1-----|", 600), RhythmLevel::Always);
     CHECK(explanation.m_Rows.size() < 700);
     CHECK(explanation.m_Rows.back().m_Margin == "and 96 staves");
+    CHECK(explanation.m_Summary.size() == 1);
+    // Lines that every stave of the run would have to read again.
+    const Explanation wide =
+        Explain(Repeat("--\n", 3000) + Repeat("0-", 9000), RhythmLevel::Always);
+    CHECK(wide.m_Summary.at(1).ends_with(" are told up to stave 1 only"));
 }
 
 TEST_CASE("note values have signs for every length") {
