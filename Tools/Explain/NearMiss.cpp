@@ -41,8 +41,8 @@ void MentionLoneReturns(std::string_view bytes, std::vector<std::string>& summar
         count += bytes.substr(i + 1).starts_with('\n') ? 0 : 1;
     }
     if (count > 0) {
-        summary.push_back(std::to_string(count) +
-                          " carriage returns have no line feed behind them: they end no line");
+        summary.push_back("carriage returns without a line feed behind them, which end no line: " +
+                          std::to_string(count));
     }
 }
 

@@ -279,11 +279,9 @@ TEST_CASE("a file without a stave tells what is missing") {
           "{3 dashes}"},
          {"-----------\n\n--\r-\n--",
           "[there is no tab stave in it, so it has no score]"
-          " [a stave takes 4 lines below each other with two dashes or"
-          " more: 3 have; at most 2 of them stand below each other, in"
-          " line 3 first] [1 carriage returns have no line feed behind"
-          " them: they end no line]{left out (1)} {} {left out (2)}"
-          " {left out (2)}"}},
+          " [a stave takes 4 lines below each other with two dashes or more: 3 have; at most 2 of"
+          " them stand below each other, in line 3 first] [carriage returns without a line feed"
+          " behind them, which end no line: 1]{left out (1)} {} {left out (2)} {left out (2)}"}},
         explain);
     CHECK(Explain(Repeat("--------------\n", 3), RhythmLevel::Never).m_LeftOut.at(0) ==
           "Lines 1 to 3 inclusive don't seem to be part of a real stave so they have been ignored "
