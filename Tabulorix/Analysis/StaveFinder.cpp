@@ -9,7 +9,6 @@ namespace tabulorix {
 
 namespace {
 
-constexpr int kFewestLines = 4;
 constexpr int kLinesPerStave = 6;
 
 std::vector<int> FindCandidateLines(const TabText& text) {
@@ -74,10 +73,10 @@ void CutIntoStaves(const TabText& text, const LineRange& run, FoundStaves& found
 }
 
 void CheckRun(const TabText& text, LineRange run, FoundStaves& found) {
-    if (run.m_Count >= kFewestLines) {
+    if (run.m_Count >= kFewestStaveLines) {
         run = TrimRun(text, run);
     }
-    if (run.m_Count >= kFewestLines) {
+    if (run.m_Count >= kFewestStaveLines) {
         CutIntoStaves(text, run, found);
     } else {
         ReportLinesIgnored(text, run);

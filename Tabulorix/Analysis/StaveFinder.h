@@ -13,6 +13,9 @@
 
 namespace tabulorix {
 
+// What is left of a run must be this many lines to be a stave.
+constexpr int kFewestStaveLines = 4;
+
 struct FoundStaves {
     TabStaves m_Staves;           // top to bottom, with their bars and tunings
     std::vector<int> m_TabLines;  // the lines of the staves, ascending

@@ -39,6 +39,7 @@ void FindChords(const TabText& text, BarMusic& music) {
         std::vector<Chord> chords = ReadChords(GetBarColumns(text, bar, line));
         if (chords.size() > music.m_Chords.size()) {
             music.m_Chords = std::move(chords);
+            music.m_ChordLine = line;
         }
     }
 }

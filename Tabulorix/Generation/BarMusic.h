@@ -46,6 +46,7 @@ struct BarMusic {
     int m_RhythmLine = -1;               // the text line that it was found on
     bool m_AreRhythmsShown = false;
     std::vector<Chord> m_Chords;  // the events point to these
+    int m_ChordLine = -1;         // the text line that they were read from
 };
 
 }  // namespace tabulorix

@@ -15,6 +15,7 @@ struct Duration {
     int m_Length = 0;                // ticks
     std::vector<ChordNote> m_Notes;  // lowest first; none for a rest
     const Chord* m_Chord = nullptr;  // the chord symbol above it, or null
+    int m_Column = -1;               // of its first event in the tab bar; -1 fills a gap
 };
 
 // Appends the duration to the bar as a chain of slices, each the largest power of two ticks that

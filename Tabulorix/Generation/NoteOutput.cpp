@@ -4,7 +4,6 @@
 
 #include "Arithmetic.h"
 #include "BarBuilders.h"
-#include "DurationWriter.h"
 #include "EventNotes.h"
 
 namespace tabulorix {
@@ -33,7 +32,7 @@ public:
 
     void AddRest(int start, int end) { Add(start, {0, end - start, {}, nullptr}); }
 
-    const std::vector<std::vector<Duration>>& GetBars() const { return m_Bars; }
+    std::vector<std::vector<Duration>> TakeBars() { return std::move(m_Bars); }
 
 private:
     int m_BarLength;
@@ -44,6 +43,7 @@ private:
 NoteEvents::const_iterator ReadGroup(const TabText& text, const BarMusic& music,
                                      NoteEvents::const_iterator first, Duration& group) {
     const int position = first->second.m_Position;
+    group.m_Column = first->first;
     auto it = first;
     for (; it != music.m_Events.end() && it->second.m_Position == position; ++it) {
         AppendNotes(text, music.m_Bar, it->second, group.m_Notes);
@@ -58,7 +58,9 @@ NoteEvents::const_iterator ReadGroup(const TabText& text, const BarMusic& music,
     return it;
 }
 
-ScoreBars CollectDurations(const TabText& text, const BarMusic& music) {
+}  // namespace
+
+std::vector<std::vector<Duration>> CollectDurations(const TabText& text, const BarMusic& music) {
     ScoreBars bars(music.m_Length);
     int end = 0;
     for (auto event = music.m_Events.begin(); event != music.m_Events.end();) {
@@ -71,15 +73,12 @@ ScoreBars CollectDurations(const TabText& text, const BarMusic& music) {
         end = SaturatingAdd(start, length);
     }
     bars.AddRest(end, music.m_Length);
-    return bars;
+    return bars.TakeBars();
 }
-
-}  // namespace
 
 WrittenNotes WriteNotes(const TabText& text, const BarMusic& music, TreeNode& bars) {
     WrittenNotes written;
-    const ScoreBars scoreBars = CollectDurations(text, music);
-    for (const std::vector<Duration>& durations : scoreBars.GetBars()) {
+    for (const std::vector<Duration>& durations : CollectDurations(text, music)) {
         TreeNode& bar = AddBar(bars, false, false);
         for (const Duration& duration : durations) {
             WriteDuration(bar, duration);

@@ -30,12 +30,17 @@ constexpr const char* kHelpText =
     "  --rhythm LEVEL      never: notes without rhythms\n"
     "                      indicated: rhythms only when the tab shows them (the default)\n"
     "                      always: rhythms from the spacing when the tab shows none\n"
+    "  --explain           print how each FILE was read, with bar numbers and note values,\n"
+    "                      instead of converting it; also a FILE that is no tab. All go to\n"
+    "                      standard output, or into the file that -o names\n"
+    "  --explain=html      the same as a page for a browser\n"
     "  --quiet             print nothing but errors\n"
     "  --version           print the version and end\n"
     "  --help              print this text and end\n"
     "  --                  what follows are FILEs\n"
     "\n"
-    "Exit status: 0 every FILE was converted, 1 at least one was not, 2 wrong usage.\n";
+    "Exit status: 0 every FILE was converted or explained, 1 at least one was not, 2 wrong "
+    "usage.\n";
 
 class ArgumentReader {
 public:
@@ -57,6 +62,7 @@ private:
     void ReadOption(Option option);
     void ReadRhythmLevel(std::string_view name);
     void ReadFormat(std::string_view name);
+    void ReadExplanation(const Option& option);
     void ChooseFormat();
     // The value in the same argument, or the next argument. False with the problem set when there
     // is none.
@@ -124,6 +130,17 @@ void ArgumentReader::ReadFormat(std::string_view name) {
     }
 }
 
+// The value is optional and so never the next argument.
+void ArgumentReader::ReadExplanation(const Option& option) {
+    if (!option.m_HasValue || option.m_Value == "text") {
+        m_Result.m_Explanation = ExplanationKind::Text;
+    } else if (option.m_Value == "html") {
+        m_Result.m_Explanation = ExplanationKind::Html;
+    } else {
+        Complain(STR("--explain is text or html, not ") + Quoted(option.m_Value));
+    }
+}
+
 // Without a named format the output's name tells it.
 void ArgumentReader::ChooseFormat() {
     if (!m_NamedFormat) {
@@ -146,6 +163,8 @@ void ArgumentReader::ReadOption(Option option) {
         if (TakeValue(option)) {
             ReadRhythmLevel(option.m_Value);
         }
+    } else if (name == "--explain") {
+        ReadExplanation(option);
     } else if (name != "--quiet" && name != "--version" && name != "--help") {
         Complain(STR("there is no option ") + Quoted(name));
     } else if (option.m_HasValue) {
@@ -166,7 +185,8 @@ void ArgumentReader::CheckFiles() {
         Complain("a file name is empty");
     } else if (std::count(files.begin(), files.end(), STR(kStandardStream)) > 1) {
         Complain("standard input can be named once only");
-    } else if (files.size() > 1 && !CanBeFolder(m_Result.m_Output)) {
+    } else if (files.size() > 1 && m_Result.m_Explanation == ExplanationKind::None &&
+               !CanBeFolder(m_Result.m_Output)) {
         Complain(STR("the output of several files must be a folder, not ") +
                  Quoted(m_Result.m_Output));
     } else if (GetPathKind(files.front()) == PathKind::Folder && !CanBeFolder(m_Result.m_Output)) {

@@ -13,6 +13,9 @@ namespace tabulorix {
 // Stands for standard input among the files, and for standard output as the output.
 constexpr const char* kStandardStream = "-";
 
+// Whether the files are explained instead of converted, and how that is shown.
+enum class ExplanationKind { None, Text, Html };
+
 struct Arguments {
     enum class Request { Convert, ShowHelp, ShowVersion };
 
@@ -21,6 +24,7 @@ struct Arguments {
     STR m_Output;  // a file, a folder or "-"; empty when each score goes beside its file
     ScoreFormat m_Format = ScoreFormat::Vif;
     RhythmLevel m_RhythmLevel = RhythmLevel::WhenIndicated;
+    ExplanationKind m_Explanation = ExplanationKind::None;
     bool m_IsQuiet = false;
     // What is wrong, for the user; empty when everything can be done as asked.
     STR m_Problem;

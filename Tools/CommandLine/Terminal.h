@@ -11,6 +11,9 @@ namespace tabulorix {
 void PrepareProcess() noexcept;
 
 bool IsErrorStreamTerminal() noexcept;
+// Whether standard output is a terminal that takes escape sequences for colours, and its user has
+// not asked for none (NO_COLOR). Makes the terminal ready for them.
+bool CanShowColours() noexcept;
 // Whether the line of the terminal must be cleared when the program is ended.
 void SetBarShown(bool isShown) noexcept;
 // In columns; 80 when the terminal does not say.

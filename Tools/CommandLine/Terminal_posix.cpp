@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <initializer_list>
 
 #include "Terminal.h"
@@ -65,6 +66,13 @@ void PrepareProcess() noexcept {
 
 bool IsErrorStreamTerminal() noexcept {
     return ::isatty(STDERR_FILENO) == 1;
+}
+
+bool CanShowColours() noexcept {
+    const char* noColor = std::getenv("NO_COLOR");
+    const char* kind = std::getenv("TERM");
+    return ::isatty(STDOUT_FILENO) == 1 && (noColor == nullptr || *noColor == '\0') &&
+           kind != nullptr && std::strcmp(kind, "dumb") != 0;
 }
 
 int GetTerminalWidth() noexcept {

@@ -36,6 +36,14 @@ bool IsErrorStreamTerminal() noexcept {
     return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
 }
 
+bool CanShowColours() noexcept {
+    const HANDLE console = GetStdHandle(STD_OUTPUT_HANDLE);
+    const char* noColor = std::getenv("NO_COLOR");
+    DWORD mode = 0;
+    return (noColor == nullptr || *noColor == '\0') && GetConsoleMode(console, &mode) != 0 &&
+           SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+}
+
 int GetTerminalWidth() noexcept {
     CONSOLE_SCREEN_BUFFER_INFO information;
     if (GetConsoleScreenBufferInfo(GetStdHandle(STD_ERROR_HANDLE), &information) == 0) {

@@ -8,6 +8,7 @@
 #include "ConsoleOutput.h"
 #include "Exceptions.h"
 #include "FileConversion.h"
+#include "FileExplanation.h"
 #include "FolderConversion.h"
 #include "Terminal.h"
 #include "Version.h"
@@ -50,6 +51,11 @@ int ConvertAll(const Arguments& arguments) {
     return isComplete && !output.HasLostSummary() ? kAllConverted : kNotAllConverted;
 }
 
+int ExplainAll(const Arguments& arguments) {
+    ConsoleOutput output({arguments.m_IsQuiet, true});
+    return ExplainFiles(arguments, output) ? kAllConverted : kNotAllConverted;
+}
+
 int Print(const char* text) {
     if (std::fputs(text, stdout) < 0 || std::fflush(stdout) != 0) {
         std::perror("tabulorix: standard output");
@@ -73,7 +79,8 @@ int Run(int count, const char* const* texts) {
         case Arguments::Request::Convert:
             break;
     }
-    return ConvertAll(arguments);
+    return arguments.m_Explanation == ExplanationKind::None ? ConvertAll(arguments)
+                                                            : ExplainAll(arguments);
 }
 
 }  // namespace

@@ -35,6 +35,7 @@ public:
 
 // The allocations of the program that have not been freed.
 long GetLiveBlockCount() noexcept;
+// With what the allocator adds to them, which may be different each time.
 std::size_t GetLiveByteCount() noexcept;
 
 // Called with the path of each file of a unique name as soon as it is made; empty to end that.

@@ -152,6 +152,7 @@ class CommandLineTest(unittest.TestCase):
                 (["song.tab", "--rhythm"], "--rhythm needs a value"),
                 (["song.tab", "--rhythm", "often"],
                  '--rhythm is never, indicated or always, not "often"'),
+                (["song.tab", "--explain=pdf"], '--explain is text or html, not "pdf"'),
                 (["song.tab", "--format=pdf"], '--format is vif or musicxml, not "pdf"'),
                 (["-", "song.tab", "-"], "standard input can be named once only"),
                 (["song.tab", "other.tab", "-o", "song.tab"],
@@ -161,6 +162,48 @@ class CommandLineTest(unittest.TestCase):
                 self.assertEqual(self.run_program(*arguments),
                                  (2, "", f'tabulorix: {complaint}\nTry "tabulorix --help".\n'))
         self.assertEqual(glob.glob("*.vif"), [])
+
+    def test_explanations(self):
+        write("none.tab", "Words\n")
+        status, out, err = self.run_program("--explain", "song.tab", "none.tab", "-",
+                                            stdin=(RHYTHM + STAVE).encode())
+        self.assertEqual((status, err), (0, ""))
+        for part in ("song.tab\n1 stave, 2 bars, 30 notes, rhythms not shown",
+                     "none.tab\nnot a tab",
+                     "standard input\n1 stave, 2 bars, 30 notes, rhythms from a rhythm line"):
+            self.assertIn(part, out)
+        # What could be read is explained all the same, into one page.
+        status, out, err = self.run_program("--explain=html", "-o", "page.html", "song.tab",
+                                            "missing.tab", "other.tab")
+        self.assertEqual((status, out), (1, ""))
+        self.assertIn("tabulorix: missing.tab: cannot be read: No such file", err)
+        page = read("page.html").decode()
+        self.assertEqual([page.count(part) for part in ("<h1>", "<html", "</html>")], [2, 1, 1])
+        self.assertEqual(self.run_program("--explain", "song.tab", "-o", "./song.tab"),
+                         (1, "", "tabulorix: ./song.tab: cannot be written: "
+                                 "it is one of the tabs\n"))
+        self.assertEqual(read("song.tab").decode(), STAVE)
+        with open("/dev/full", "wb") as full:
+            status, _, err = self.run_program("--explain", "song.tab", stdout=full)
+        self.assertEqual((status, err),
+                         (1, "tabulorix: standard output: cannot be written: "
+                             "No space left on device\n"))
+        self.assertEqual(glob.glob("*.vif"), [])
+
+    def test_colours_are_for_terminals_whose_users_want_them(self):
+        for setting, has_colours in (
+                ({}, True), ({"TERM": "dumb"}, False), ({"NO_COLOR": "1"}, False)):
+            environment = dict(self.environment, TERM="xterm")
+            environment.pop("NO_COLOR", None)
+            environment.update(setting)
+            near, far = pty.openpty()
+            try:
+                subprocess.run([self.program, "--explain", "song.tab"], env=environment, stdout=far,
+                               check=True)
+                self.assertEqual(b"\x1b[" in os.read(near, 100), has_colours)
+            finally:
+                os.close(near)
+                os.close(far)
 
     def test_scores_go_where_they_are_wanted(self):
         os.mkdir("out")

@@ -1,0 +1,90 @@
+#include "LeftOutLines.h"
+
+#include <algorithm>
+
+#include "Arithmetic.h"
+#include "Ascii.h"
+#include "Messages.h"
+#include "StaveFinder.h"
+
+namespace tabulorix {
+
+namespace {
+
+constexpr int kFewestDashes = 2;
+
+// The line numbers in a message, which are all the numbers in it.
+std::vector<int> ReadNumbers(std::string_view text) {
+    std::vector<int> numbers;
+    bool wasDigit = false;
+    for (const char c : text) {
+        if (IsDigit(c)) {
+            if (!wasDigit) {
+                numbers.push_back(0);
+            }
+            numbers.back() = AppendDigit(numbers.back(), c - '0');
+        }
+        wasDigit = IsDigit(c);
+    }
+    return numbers;
+}
+
+std::string CountDashes(int count) {
+    return std::to_string(count) + (count == 1 ? " dash" : " dashes");
+}
+
+}  // namespace
+
+void MessageRecorder::SetProgress(int /*percent*/, const STR& /*caption*/) {}
+
+void MessageRecorder::ReportResult(const ResId& message, int /*kind*/, const STR& text,
+                                   int /*repeat*/) {
+    const std::vector<int> numbers = ReadNumbers(text);
+    if (!numbers.empty()) {
+        const int first = numbers.front();
+        m_Messages.push_back({message.GetId(), {first - 1, numbers.back() - first + 1}, text});
+    }
+}
+
+DashedRuns::DashedRuns(const TabText& text) {
+    for (int line = 0; line < text.GetLineCount(); ++line) {
+        const std::string_view characters = text.GetLine(line);
+        const auto dashes = static_cast<int>(std::count(characters.begin(), characters.end(), '-'));
+        m_DashCounts.push_back(dashes);
+        if (dashes < kFewestDashes) {
+            continue;
+        }
+        ++m_LineCount;
+        if (m_Runs.empty() || m_Runs.back().m_Lines.GetLast() != line - 1) {
+            m_Runs.push_back({{line, 0}, 0});
+        }
+        Run& run = m_Runs.back();
+        ++run.m_Lines.m_Count;
+        run.m_MostDashes = std::max(run.m_MostDashes, dashes);
+        if (run.m_Lines.m_Count > m_Longest.m_Count) {
+            m_Longest = run.m_Lines;
+        }
+    }
+}
+
+int DashedRuns::GetMostDashesBeside(int line) const {
+    const auto behind =
+        std::upper_bound(m_Runs.begin(), m_Runs.end(), line,
+                         [](int l, const Run& run) { return l < run.m_Lines.m_First; });
+    return behind == m_Runs.begin() ? 0 : std::prev(behind)->m_MostDashes;
+}
+
+std::string ExplainMessage(const MessageRecorder::Message& message, const DashedRuns& runs) {
+    const std::string text(message.m_Text.View());
+    const LineRange& lines = message.m_Lines;
+    if (message.m_Id == TABULORIX_MESSAGE_LINE_IGNORED) {
+        return text + " (" + CountDashes(runs.GetDashCount(lines.m_First)) +
+               ", where a line beside it has " +
+               std::to_string(runs.GetMostDashesBeside(lines.m_First)) +
+               "; more blanks than those, and no string name where they have one)";
+    }
+    return text + " (" + std::to_string(lines.m_Count) + " below each other, where a stave has " +
+           std::to_string(kFewestStaveLines) + " at least)";
+}
+
+}  // namespace tabulorix
