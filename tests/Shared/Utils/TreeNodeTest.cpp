@@ -45,6 +45,9 @@ TEST_CASE("Children keep their order, and the first of a label is found") {
     CHECK(GetTreeText(*root) ==
           GetTreeText("Root { Even \"0\" Odd \"new\" { X } Even \"2\" Odd \"3\" Third \"3\" }"));
 
+    root->SetLabel(root->GetLabel().substr(1));
+    CHECK(root->GetLabel() == "oot");
+
     TreeNode* self = std::make_unique<TreeNode>("Self").release();
     CHECK(self->AppendChild(std::unique_ptr<TreeNode>(self)) == self);
     self->ReplaceOrAppendChild(std::unique_ptr<TreeNode>(self));
