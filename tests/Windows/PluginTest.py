@@ -223,11 +223,10 @@ class PluginTest(unittest.TestCase):
 
     def test_failing_files(self):
         song = windows_path("song.tab")
-        for folder in ("nowhere", "/proc", "song.tab"):
-            log = self.run_host("--answer", "ok", "--temp", windows_path(folder), [song])
-            self.assertEqual(log.results("VEL_OPENFILE"), [1])
-            self.assertEqual(log.calls()[-2:], ENDING)
-            self.assertNotIn("VEL_LOADTEMPFILE", log.calls())
+        log = self.run_host("--answer", "ok", "--temp", windows_path("nowhere"), [song])
+        self.assertEqual(log.results("VEL_OPENFILE"), [1])
+        self.assertEqual(log.calls()[-2:], ENDING)
+        self.assertNotIn("VEL_LOADTEMPFILE", log.calls())
 
         def limit_files():
             resource.setrlimit(resource.RLIMIT_FSIZE, (50_000, 50_000))

@@ -18,13 +18,8 @@ struct Tuning {
     std::array<int, 6> m_Pitches;
 };
 constexpr Tuning kGuitarTunings[] = {{"EADGBE", {40, 45, 50, 55, 59, 64}},
-                                     {"DADGHE", {38, 45, 50, 55, 59, 64}},
-                                     {"CGCFAD", {36, 43, 48, 53, 57, 62}},
-                                     {"ADGCEA", {33, 38, 43, 48, 52, 57}}};
-constexpr Tuning kBassTunings[] = {{"EADG", {28, 33, 38, 43}},
-                                   {"DADG", {26, 33, 38, 43}},
-                                   {"DGCF", {26, 31, 36, 41}},
-                                   {"BEAD", {23, 28, 33, 38}}};
+                                     {"CGCFAD", {36, 43, 48, 53, 57, 62}}};
+constexpr Tuning kBassTunings[] = {{"EADG", {28, 33, 38, 43}}, {"BEAD", {23, 28, 33, 38}}};
 
 struct Signature {
     std::string_view m_Text;
@@ -120,7 +115,7 @@ private:
 
     void AddStave(int barCount) {
         const bool isNamed = !OneIn(4);
-        const int tuning = isNamed ? Below(4) : 0;
+        const int tuning = isNamed ? Below(2) : 0;
         m_Tuning = m_StringCount == 4 ? kBassTunings[tuning] : kGuitarTunings[tuning];
         m_Strings.assign(static_cast<std::size_t>(m_StringCount), {});
         for (std::size_t i = 0; isNamed && i < m_Strings.size(); ++i) {
