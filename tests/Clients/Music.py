@@ -4,46 +4,32 @@ import re
 
 # MuseScore knows no bars but of whole sixty-fourths and makes others longer.
 GRID = 16
-TOKEN = re.compile(r'"((?:[^"]|"")*)"|([{}])|[^\s{}"]+')
+# A node or a brace has a line of its own; a text may go on over several.
+LINE = re.compile(r'\t*(?:([{}])|([^\s{}"]*) ?(?:"((?:[^"]|"")*)")?)\r\n')
 
 
 class Node:
-    def __init__(self, label):
-        self.label, self.text, self.children = label, "", []
+    def __init__(self, label="", text=""):
+        self.label, self.text, self.children = label, text, []
 
-    def __getitem__(self, path):
-        """The child at the end of a path of labels; an empty one where there is none."""
-        node = self
-        for label in path.split("/"):
-            node = next((c for c in node.children if c.label == label), Node(""))
-        return node
+    def __getitem__(self, label):
+        """The first child of this label; an empty one where there is none."""
+        return next((child for child in self.children if child.label == label), Node())
 
     def number(self, label):
         return int(self[label].text or 0)
 
 
 def read_document(path):
+    levels = [Node()]
     with open(path, encoding="latin-1", newline="") as file:
-        tokens = TOKEN.finditer(file.read())
-    levels, node = [Node("")], None
-    for token in tokens:
-        word = token.group()
-        if word == "{":
-            # An object in a list has neither label nor text before its brace.
-            if node is None:
-                node = Node("")
-                levels[-1].children.append(node)
-            levels.append(node)
-            node = None
-        elif word == "}":
-            levels.pop()
-            node = None
-        elif word[0] == '"' and node is not None and node.text == "":
-            node.text = token.group(1)
-        else:
-            node = Node("" if word[0] == '"' else word)
-            node.text = token.group(1) or ""
-            levels[-1].children.append(node)
+        for brace, label, text in LINE.findall(file.read()):
+            if brace == "}":
+                levels.pop()
+            elif brace:
+                levels.append(levels[-1].children[-1])
+            else:
+                levels[-1].children.append(Node(label, text))
     return levels[0].children[0]
 
 

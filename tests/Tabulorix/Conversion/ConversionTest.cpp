@@ -1,7 +1,6 @@
 #include <doctest/doctest.h>
 
 #include "Converter.h"
-#include "Exceptions.h"
 #include "FileSystem.h"
 #include "RenderedTab.h"
 #include "ScoreTemplate.h"
@@ -212,11 +211,6 @@ TEST_CASE("The shipped examples keep their staves, bars and notes") {
         REQUIRE(file.m_Result.Succeeded());
         const Conversion conversion(file.m_Bytes, static_cast<RhythmLevel>(example[0] - '0'),
                                     CreateBlankScore());
-        const std::string written = GetTreeText(*conversion.m_Document);
-        const auto readBack = TreeNodeReader(written).Read();
-        CHECK(GetTreeText(*readBack) == written);
-        CHECK(ReadScore(*readBack) == ReadScore(*conversion.m_Document));
-
         const char* const kSources[] = {" none", " line", " spacing", " both"};
         const ConversionSummary& summary = conversion.m_Converter.GetSummary();
         return Cat(summary.m_StaveCount, ' ', summary.m_BarCount, ' ', summary.m_NoteCount,
@@ -225,30 +219,11 @@ TEST_CASE("The shipped examples keep their staves, bars and notes") {
     });
 }
 
-TEST_CASE("A text without staves becomes a score without bars") {
-    for (const char* text : {"", "Words only", "e|---\nB|---\nG|---\n"}) {
-        const Conversion conversion(text, RhythmLevel::Always);
-        CHECK_FALSE(conversion.m_HasBars);
-        CHECK(ReadScore(*conversion.m_Document).size() == 1);
-    }
-}
-
-TEST_CASE("A score is written to a new file or nowhere") {
-    const STR path = CreateUniqueFile(GetTemporaryFolder(), "tab").m_Path;
+TEST_CASE("A score that has no place for music is not written") {
     RecordingOutput output;
-    Converter converter(output, RhythmLevel::Always);
-    for (const STR& taken : {path, path + "/score", GetTemporaryFolder()}) {
-        CHECK_THROWS_AS(converter.ConvertText("", *MakeSmallScore(), taken),
-                        FileSaveFailedException);
-    }
-    CHECK(ReadWholeFile(path).m_Bytes.IsEmpty());
-    CHECK(RemoveFile(path).Succeeded());
     TreeNode noMusic;
-    CHECK(converter.ConvertText("", noMusic, path));
-    CHECK(GetPathKind(path) == PathKind::Nothing);
-    CHECK_FALSE(converter.Convert(path + "/tab", *MakeSmallScore(), path));
-    CHECK(ReadScore(*TreeNode::ReadFromFile(path)).size() == 1);
-    RemoveFile(path);
+    Converter converter(output, RhythmLevel::Always);
+    CHECK(converter.ConvertText("", noMusic, "no such folder/score"));
 }
 
 }  // namespace tabulorix

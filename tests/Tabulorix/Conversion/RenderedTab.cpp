@@ -18,13 +18,8 @@ struct Tuning {
     std::array<int, 6> m_Pitches;
 };
 constexpr Tuning kGuitarTunings[] = {{"EADGBE", {40, 45, 50, 55, 59, 64}},
-                                     {"DADGHE", {38, 45, 50, 55, 59, 64}},
-                                     {"CGCFAD", {36, 43, 48, 53, 57, 62}},
-                                     {"ADGCEA", {33, 38, 43, 48, 52, 57}}};
-constexpr Tuning kBassTunings[] = {{"EADG", {28, 33, 38, 43}},
-                                   {"DADG", {26, 33, 38, 43}},
-                                   {"DGCF", {26, 31, 36, 41}},
-                                   {"BEAD", {23, 28, 33, 38}}};
+                                     {"CGCFAD", {36, 43, 48, 53, 57, 62}}};
+constexpr Tuning kBassTunings[] = {{"EADG", {28, 33, 38, 43}}, {"BEAD", {23, 28, 33, 38}}};
 
 struct Signature {
     std::string_view m_Text;
@@ -34,12 +29,7 @@ struct Signature {
 constexpr Signature kSignatures[] = {{"4/4", 1024, 256}, {"3/4", 768, 256},   {"2/4", 512, 256},
                                      {"6/8", 768, 128},  {"12/8", 1536, 128}, {"2/2", 1024, 512}};
 
-struct ChordName {
-    std::string_view m_Printed;
-    std::string_view m_Written;
-};
-constexpr ChordName kChordNames[] = {{"C", "C"},       {"Ami", "Am"},    {"EM7", "Emaj7"},
-                                     {"D/F#", "D/F#"}, {"D6/9", "D6/9"}, {"Bb7b5", "Bb7b5"}};
+constexpr std::string_view kChordNames[] = {"C", "Am7", "F#sus4", "D/F#", "D6/9", "Bb7b5"};
 
 // No two with one section word: a second one on a line may be overlooked.
 constexpr std::string_view kLabels[] = {"Intro", "Verse 2", "[OUTRO]", "My riff no. 2"};
@@ -125,7 +115,7 @@ private:
 
     void AddStave(int barCount) {
         const bool isNamed = !OneIn(4);
-        const int tuning = isNamed ? Below(4) : 0;
+        const int tuning = isNamed ? Below(2) : 0;
         m_Tuning = m_StringCount == 4 ? kBassTunings[tuning] : kGuitarTunings[tuning];
         m_Strings.assign(static_cast<std::size_t>(m_StringCount), {});
         for (std::size_t i = 0; isNamed && i < m_Strings.size(); ++i) {
@@ -235,8 +225,7 @@ private:
             const int exponent = Below(6);
             const int length = 1024 >> exponent;
             const int dots = Below(std::min(6 - exponent, 3));
-            const char* const kDots[] = {"", ".", ".."};
-            const std::string mark = Cat("WHQEST"[exponent], kDots[dots]);
+            const std::string mark = Cat("WHQEST"[exponent], Repeat(".", dots));
             cells.push_back({2 * length - (length >> dots), 4 + dots + Below(3), mark});
             worth += length;
         }
@@ -303,10 +292,10 @@ private:
         }
         cell.m_IsStruck = true;
         cell.m_Notes = Join(notes, [](const auto& note) { return note.second; });
-        const ChordName& chord = Pick(kChordNames);
-        if (GetLength(chord.m_Printed) < cell.m_Width && OneIn(2)) {
-            Put(m_ChordLine, column, chord.m_Printed);
-            cell.m_Chord = Cat(" (", chord.m_Written, ')');
+        const std::string_view chord = Pick(kChordNames);
+        if (GetLength(chord) < cell.m_Width && OneIn(2)) {
+            Put(m_ChordLine, column, chord);
+            cell.m_Chord = Cat(" (", chord, ')');
         }
     }
 
@@ -315,8 +304,6 @@ private:
         const bool isShown = isIndicated || m_Tab.m_Level == RhythmLevel::Always;
         m_AreRhythmsShown |= isShown;
         Cells durations;
-        int length = 0;
-        bool hasChords = false;
         for (const Cell& cell : cells) {
             const int plainTicks = cell.m_IsStruck ? 128 : 0;
             const int ticks = isShown ? cell.m_Ticks : plainTicks;
@@ -328,20 +315,20 @@ private:
                 durations.push_back(cell);
                 durations.back().m_Ticks = ticks;
             }
-            length += ticks;
-            hasChords |= !cell.m_Chord.empty();
+        }
+        std::string items;
+        int length = 0;
+        for (const Cell& duration : durations) {
+            items += ListDuration(length, duration);
+            length += duration.m_Ticks;
         }
         if (length > 0) {
-            ListBarHead(length, label, hasChords);
-        }
-        int start = 0;
-        for (const Cell& duration : durations) {
-            ListDuration(start, duration);
-            start += duration.m_Ticks;
+            const bool hasChords = items.find('(') != std::string::npos;
+            m_Tab.m_Score.push_back(ListBarHead(length, label, hasChords) + ':' + items);
         }
     }
 
-    void ListBarHead(int length, std::string_view label, bool hasChords) {
+    std::string ListBarHead(int length, std::string_view label, bool hasChords) {
         std::string line = Cat("7/", length);
         if (!label.empty()) {
             line += Cat(" gap 400 \"", label, "\" at ", hasChords ? 128 : 32);
@@ -355,10 +342,11 @@ private:
             m_ListedSignature = m_Signature.m_Text;
             line += Cat(' ', m_ListedSignature);
         }
-        m_Tab.m_Score.push_back(line + ':');
+        return line;
     }
 
-    void ListDuration(int start, const Cell& duration) {
+    static std::string ListDuration(int start, const Cell& duration) {
+        std::string items;
         std::string chord = duration.m_Chord;
         int rest = duration.m_Ticks;
         for (int exponent = 20; exponent >= 0; --exponent) {
@@ -366,11 +354,12 @@ private:
             if (rest >= slice) {
                 rest -= slice;
                 const bool isTied = rest > 0 && !duration.m_Notes.empty();
-                m_Tab.m_Score.back() += Cat(' ', start, '/', exponent, '[', duration.m_Notes,
-                                            isTied ? "]~" : "]", std::exchange(chord, ""));
+                items += Cat(' ', start, '/', exponent, '[', duration.m_Notes, isTied ? "]~" : "]",
+                             std::exchange(chord, ""));
                 start += slice;
             }
         }
+        return items;
     }
 
     std::mt19937 m_Engine;

@@ -6,6 +6,7 @@
 #include "HostCallbacks.h"
 #include "HostModule.h"
 #include "ImportDriver.h"
+#include "TestSupport.h"
 
 namespace tabulorix {
 
@@ -13,12 +14,16 @@ namespace {
 
 ScriptedHost* g_Host = nullptr;
 
-int Record(const std::string& line) {
+// Logs what is called, and gives back what the test's script says to it.
+template <class... Parts>
+int Record(const Parts&... parts) {
+    const FaultPause pause;
+    const std::string line = Cat(parts...);
     g_Host->m_Log += line + '\n';
     return g_Host->m_Script ? g_Host->m_Script(line) : 1;
 }
 
-std::string Text(std::uintptr_t cookie) {
+const char* Check(std::uintptr_t cookie) {
     return cookie == 77 ? "" : "wrong cookie ";
 }
 
@@ -31,29 +36,23 @@ int LoadTempFile(const char* scorePath) {
 
 int ReportResult(const char* title, const char* fileName, int kind, int location1, int location2,
                  const char* text) {
-    const FaultPause pause;
-    return Record(std::string("result ") + title + " " + fileName + " " + std::to_string(kind) +
-                  " " + std::to_string(location1) + " " + std::to_string(location2) + " " + text);
+    return Record("result ", title, ' ', fileName, ' ', kind, ' ', location1, ' ', location2, ' ',
+                  text);
 }
 
 int UpdateProgress(std::uintptr_t cookie, int percent, const char* caption) {
-    const FaultPause pause;
-    return Record(Text(cookie) + "update " + std::to_string(percent) + caption);
+    return Record(Check(cookie), "update ", percent, caption);
 }
 
 int DestroyProgress(std::uintptr_t cookie) {
-    const FaultPause pause;
-    return Record(Text(cookie) + "destroy");
+    return Record(Check(cookie), "destroy");
 }
 
 int CreateProgress(std::uintptr_t cookie, const char* title, int minimum, int maximum, int last) {
-    const FaultPause pause;
-    return Record(Text(cookie) + "create " + title + " " + std::to_string(minimum) + " " +
-                  std::to_string(maximum) + " " + std::to_string(last));
+    return Record(Check(cookie), "create ", title, ' ', minimum, ' ', maximum, ' ', last);
 }
 
 int ChooseInstruments(std::uintptr_t value1, std::uintptr_t value2) {
-    const FaultPause pause;
     return Record("choose") + static_cast<int>(10 * value1 + value2);
 }
 
@@ -140,8 +139,7 @@ std::string ScriptedHost::Import(const STR& path) {
 RhythmDialog::Answer ScriptedHost::Show(void* parentWindow, ImportOptions& options) {
     options.Save();
     const FaultPause pause;
-    Record("dialog " + std::to_string(options.GetStoredLevel()) +
-           (parentWindow == this ? "" : " wrong parent"));
+    Record("dialog ", options.GetStoredLevel(), parentWindow == this ? "" : " wrong parent");
     if (m_Answer.m_IsConfirmed) {
         options.SetRhythmLevel(m_Choice);
     }
