@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the plug-in and tests it in Windows processes, beside the native program; then replays the
-# inputs of the fuzz targets:
+# Builds the plug-in and tests it in Windows processes, beside the native program; then runs the tests
+# of the parts, and replays the inputs of the fuzz targets, in such processes too:
 #
 #     scripts/test_windows.sh [TEST...]      all, or tests of the plug-in by name
 #                                            (PluginTest.test_cycles)
@@ -24,6 +24,7 @@ source scripts/windows.sh
 prepare_wine
 in_display python3 tests/Windows/PluginTest.py build/win32 "$elsewhere/build/win32" build/dev "$@"
 if [[ $# -eq 0 ]]; then
+    wine build/win32/tests/tabulorix_tests.exe
     for program in build/win32/fuzz/fuzz_*.exe; do
         target=$(basename "$program" .exe)
         wine "$program" fuzz/*/"${target#fuzz_}"

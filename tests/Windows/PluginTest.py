@@ -23,6 +23,9 @@ HOST = os.path.join(BUILD, "Tools", "StandInHost", "StandInHost")
 EXAMPLES = sorted(glob.glob(os.path.join(ROOT, "examples", "*.*tab")))
 STAVE = "".join(name + "|-----0--2--3--|--5-----7----|\n" for name in "eBGDAE")
 MESSY = "       -- slow --\n" + STAVE + "\n\n---\n---\n"
+# Labels, chords and a text with every byte that is none of a tab's, and a carriage return alone.
+STRANGE = b"".join(b"Verse " + bytes([byte]) + b"\r\r\nAm" + bytes([byte]) + b"  C/G\n" +
+                   STAVE.encode() + b"\n" for byte in (0, *range(128, 256)))
 NO_STAVE = "A heading\n--------------------\n"
 TIMEOUT = 120
 ENDING = ["VEL_UPDATEPROGRESSDIALOG(0x5EED, 100, \"\")", "VEL_DESTROYPROGRESSDIALOG(0x5EED)"]
@@ -121,10 +124,12 @@ class PluginTest(unittest.TestCase):
         self.assertEqual(os.listdir("temp"), [])
 
     def test_imports(self):
+        write("strange.tab", STRANGE)
+        tabs = [*EXAMPLES, os.path.abspath("strange.tab")]
         for answer, level in (("always", "always"), ("only", "indicated"), ("never", "never")):
-            paths = [windows_path(path) for path in EXAMPLES]
+            paths = [windows_path(path) for path in tabs]
             log = self.run_host("--answer", answer + ",ok", paths)
-            for path, imported in zip(EXAMPLES, log.imports(), strict=True):
+            for path, imported in zip(tabs, log.imports(), strict=True):
                 with self.subTest(path=path, level=level):
                     name = os.path.basename(path)
                     score, messages = self.native_score(path, level)
@@ -133,7 +138,7 @@ class PluginTest(unittest.TestCase):
                         [f'VEL_RESULTSDIALOGMESSAGE("Tabulorix", "{name}", 4, -2, -2, '
                          f'"{line.split(": ", 1)[1]}")' for line in messages.splitlines()])
                     self.assertEqual(read(f"scores/{name}.vif"), score)
-            self.assertEqual(log.results("VEL_OPENFILE"), [1] * len(EXAMPLES))
+            self.assertEqual(log.results("VEL_OPENFILE"), [1] * len(tabs))
             self.assert_clean()
         self.assertRegex(log.text, r'VEL_LOADTEMPFILE\(".*\\temp\\[0-9a-f]{1,4}\.vif"\)')
 
