@@ -4,11 +4,12 @@
 #include <array>
 #include <cstdint>
 
+#include "Utf8.h"
+
 namespace tabulorix {
 
 namespace {
 
-constexpr std::uint32_t kFirstBeyondAscii = 0x80;
 constexpr std::uint32_t kDelete = 0x7F;
 constexpr std::uint32_t kPictureOfNul = 0x2400;
 constexpr std::uint32_t kPictureOfDelete = 0x2421;
@@ -56,58 +57,8 @@ bool IsIn(const std::array<CodeRange, kCount>& ranges, std::uint32_t code) {
     });
 }
 
-struct Character {
-    std::uint32_t m_Code = 0;
-    std::size_t m_Length = 0;  // in bytes; 0 for what is no UTF-8
-};
-
-std::uint32_t GetByte(std::string_view text, std::size_t index) {
-    return index < text.size() ? static_cast<unsigned char>(text[index]) : 0;
-}
-
-// The character at the front of a text that is not empty.
-Character ReadUtf8(std::string_view text) {
-    const std::uint32_t lead = GetByte(text, 0);
-    if (lead < kFirstBeyondAscii) {
-        return {lead, 1};
-    }
-    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 0;
-    constexpr std::array<std::uint32_t, 5> kLeast = {0, 0, 0x80, 0x800, 0x10000};
-    std::uint32_t code = lead & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((GetByte(text, i) & 0xC0U) != 0x80) {
-            return {};
-        }
-        code = code << 6U | (GetByte(text, i) & 0x3FU);
-    }
-    const bool isValid = length > 0 && lead < 0xF8 && code >= kLeast[length] && code <= 0x10FFFF;
-    return isValid ? Character{code, length} : Character{};
-}
-
-bool IsUtf8(std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t length = ReadUtf8(text).m_Length;
-        if (length == 0) {
-            return false;
-        }
-        text.remove_prefix(length);
-    }
-    return true;
-}
-
-// For codes up to 0xFFFF.
-void AppendUtf8(std::string& text, std::uint32_t code) {
-    if (code < 0x800) {
-        text += static_cast<char>(0xC0U | code >> 6U);
-    } else {
-        text += static_cast<char>(0xE0U | code >> 12U);
-        text += static_cast<char>(0x80U | (code >> 6U & 0x3FU));
-    }
-    text += static_cast<char>(0x80U | (code & 0x3FU));
-}
-
 // `bytes` are those of the character, or the one byte of Latin-1.
-void AppendShown(std::string& shown, const Character& character, std::string_view bytes) {
+void AppendShown(std::string& shown, const Utf8Character& character, std::string_view bytes) {
     const std::uint32_t code = character.m_Code;
     if (code < ' ') {
         AppendUtf8(shown, kPictureOfNul + code);
@@ -138,8 +89,9 @@ std::vector<ShownPiece> GetShownPieces(const ExplainedRow& row) {
     const bool isUtf8 = IsUtf8(text);
     std::vector<ShownPiece> pieces;
     for (std::size_t column = 0; column < text.size();) {
-        const Character character =
-            isUtf8 ? ReadUtf8(text.substr(column)) : Character{GetByte(text, column), 1};
+        const Utf8Character character =
+            isUtf8 ? ReadUtf8(text.substr(column))
+                   : Utf8Character{static_cast<unsigned char>(text[column]), 1};
         const Mark mark = row.GetMark(column);
         if (pieces.empty() || pieces.back().m_Mark != mark) {
             pieces.push_back({mark, {}});

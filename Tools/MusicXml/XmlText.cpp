@@ -3,11 +3,11 @@
 #include <array>
 #include <cstdint>
 
+#include "Utf8.h"
+
 namespace tabulorix {
 
 namespace {
-
-constexpr std::uint32_t kFirstBeyondAscii = 0x80;
 
 // Windows-1252 from 0x80 to 0x9F; beyond it is Latin-1.
 constexpr std::array<std::uint16_t, 32> kWestern = {
@@ -15,53 +15,10 @@ constexpr std::array<std::uint16_t, 32> kWestern = {
     0x2039, 0x0152, 0xFFFD, 0x017D, 0xFFFD, 0xFFFD, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178};
 
-std::uint32_t Byte(std::string_view text, std::size_t index) {
-    return index < text.size() ? static_cast<unsigned char>(text[index]) : 0;
-}
-
-bool IsXmlCharacter(std::uint32_t code) {
-    return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF) && code != 0xFFFE && code != 0xFFFF;
-}
-
-// The number of bytes of the UTF-8 character at the front, of those that XML can hold; 0 when there
-// is none. `text` is not empty.
-std::size_t GetCharacterLength(std::string_view text) {
-    const std::uint32_t lead = Byte(text, 0);
-    if (lead < kFirstBeyondAscii) {
-        return 1;
-    }
-    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC0 ? 2 : 0;
-    constexpr std::array<std::uint32_t, 5> kLeast = {0, 0, 0x80, 0x800, 0x10000};
-    std::uint32_t code = lead & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((Byte(text, i) & 0xC0U) != 0x80) {
-            return 0;
-        }
-        code = code << 6U | (Byte(text, i) & 0x3FU);
-    }
-    return lead < 0xF8 && code >= kLeast[length] && IsXmlCharacter(code) ? length : 0;
-}
-
-bool IsUtf8(std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t length = GetCharacterLength(text);
-        if (length == 0) {
-            return false;
-        }
-        text.remove_prefix(length);
-    }
-    return true;
-}
-
-// For codes from 0x80 to 0xFFFF.
-void AppendUtf8(std::string& text, std::uint32_t code) {
-    if (code < 0x800) {
-        text += static_cast<char>(0xC0U | code >> 6U);
-    } else {
-        text += static_cast<char>(0xE0U | code >> 12U);
-        text += static_cast<char>(0x80U | (code >> 6U & 0x3FU));
-    }
-    text += static_cast<char>(0x80U | (code & 0x3FU));
+// UTF-8 of characters that XML can hold.
+bool IsXmlUtf8(std::string_view text) {
+    return IsUtf8(text) && text.find("\xEF\xBF\xBE") == std::string_view::npos &&
+           text.find("\xEF\xBF\xBF") == std::string_view::npos;
 }
 
 void AppendWestern(std::string& text, std::uint32_t byte) {
@@ -72,7 +29,7 @@ void AppendWestern(std::string& text, std::uint32_t byte) {
 }  // namespace
 
 std::string ToXmlText(std::string_view text) {
-    const bool isUtf8 = IsUtf8(text);
+    const bool isUtf8 = IsXmlUtf8(text);
     std::string result;
     for (const char c : text) {
         const auto byte = static_cast<unsigned char>(c);
