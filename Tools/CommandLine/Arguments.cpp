@@ -17,8 +17,8 @@ constexpr const char* kHelpText =
     "\n"
     "FILE may be a folder: every tab in it and below it gives a score, beside it or in the same\n"
     "place below the output folder. Tabs are called .tab, .btab or .crd; a .txt is tried too, and\n"
-    "is no failure when it is no tab. Hidden files and links to folders are left out. Each file\n"
-    "that was not converted has a line, and a table closes the run.\n"
+    "is no failure when it is no tab. Hidden files and links to folders are left out. Each other\n"
+    "file that was not converted has a line, and a table closes the run.\n"
     "\n"
     "  -o, --output PATH   write the score to this file, or into this folder, which is made\n"
     "                      when it is missing (several FILEs or a folder: always a folder);\n"
@@ -82,6 +82,12 @@ private:
 bool CanBeFolder(const STR& output) {
     const PathKind kind = GetPathKind(output);
     return output != kStandardStream && (kind == PathKind::Folder || kind == PathKind::Nothing);
+}
+
+bool HasFolder(const std::vector<STR>& files) {
+    return std::any_of(files.begin(), files.end(), [](const STR& file) {
+        return file != kStandardStream && GetPathKind(file) == PathKind::Folder;
+    });
 }
 
 STR Quoted(std::string_view text) {
@@ -185,6 +191,11 @@ void ArgumentReader::CheckFiles() {
         Complain("a file name is empty");
     } else if (std::count(files.begin(), files.end(), STR(kStandardStream)) > 1) {
         Complain("standard input can be named once only");
+    } else if (m_Result.m_Explanation != ExplanationKind::None && HasFolder(files)) {
+        Complain("--explain takes files, not folders");
+    } else if (files.size() > 1 && HasFolder(files) &&
+               std::count(files.begin(), files.end(), STR(kStandardStream)) > 0) {
+        Complain("standard input cannot be named beside a folder");
     } else if (files.size() > 1 && m_Result.m_Explanation == ExplanationKind::None &&
                !CanBeFolder(m_Result.m_Output)) {
         Complain(STR("the output of several files must be a folder, not ") +

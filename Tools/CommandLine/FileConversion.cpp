@@ -152,8 +152,6 @@ Outcome FileConverter::Convert(const InputFile& file) {
 }
 
 void FileConverter::ConvertFile(const InputFile& file) {
-    const ScoreTarget target = ChooseScoreTarget(m_Arguments, file);
-    CheckReplacesNothingNeeded(target);
     const STR bytes = ReadInput(file.m_Path);
     CheckIsTab(bytes);
     Converter converter(m_Output, m_Arguments.m_RhythmLevel);
@@ -162,10 +160,20 @@ void FileConverter::ConvertFile(const InputFile& file) {
     if (converter.GetSummary().m_StaveCount == 0) {
         RefuseAs(Outcome::WithoutStave, "there is no tab stave in it, so it has no score");
     }
+    const ScoreTarget target = ChooseTarget(file);
+    CheckReplacesNothingNeeded(target);
     const STR summary =
         MakePrintable(STR(" -> ") + target.m_ShownName + ": " + Describe(converter.GetSummary()));
     WriteScore(target, *document);
     m_Output.PrintSummary(summary);
+}
+
+// One song as guitar tab, bass tab and chords has one name with three extensions.
+ScoreTarget FileConverter::ChooseTarget(const InputFile& file) const {
+    const ScoreTarget target = ChooseScoreTarget(m_Arguments, file, ScoreName::Stem);
+    const bool isTaken = file.m_Origin != InputFile::Origin::Named &&
+                         m_WrittenScores.contains(GetFileIdentity(target.m_Path));
+    return isTaken ? ChooseScoreTarget(m_Arguments, file, ScoreName::WholeName) : target;
 }
 
 void FileConverter::CheckReplacesNothingNeeded(const ScoreTarget& target) const {

@@ -33,6 +33,7 @@ public:
 private:
     // These throw Exception with the reason when it cannot be done.
     void ConvertFile(const InputFile& file);
+    ScoreTarget ChooseTarget(const InputFile& file) const;
     void CheckReplacesNothingNeeded(const ScoreTarget& target) const;
     void WriteScore(const ScoreTarget& target, const TreeNode& document);
     void WriteFile(const ScoreTarget& target, const TreeNode& document);

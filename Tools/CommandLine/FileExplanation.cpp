@@ -35,6 +35,7 @@ private:
     ConsoleOutput& m_Output;
     std::unique_ptr<ExplanationPage> m_Page;
     std::string m_Text;  // not yet written
+    bool m_HasShown = false;
 };
 
 FileExplainer::FileExplainer(const Arguments& arguments, ConsoleOutput& output)
@@ -63,6 +64,7 @@ bool FileExplainer::ExplainFile(const STR& file) {
         Explanation explanation = tabulorix::Explain(contents.m_Bytes, m_Arguments.m_RhythmLevel);
         explanation.m_Name = name.View();
         m_Text += m_Page->Show(explanation);
+        m_HasShown = true;
         return true;
     } catch (const std::bad_alloc&) {
         m_Output.PrintError("there is not enough memory for it");
@@ -118,6 +120,9 @@ bool FileExplainer::Explain() {
         if (!WriteNow()) {
             return false;
         }
+    }
+    if (!m_HasShown) {
+        return false;
     }
     m_Text += m_Page->End();
     return WriteAll() && isComplete;

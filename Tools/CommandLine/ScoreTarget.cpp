@@ -20,26 +20,33 @@ STR ChooseFolder(const Arguments& arguments, const InputFile& input) {
     return isFolder ? output : STR();
 }
 
-STR ChoosePath(const STR& folder, const Arguments& arguments, const InputFile& input) {
+STR NameScore(const STR& file, ScoreFormat format, ScoreName name) {
+    const char* extension = GetExtension(format);
+    return name == ScoreName::Stem ? ReplaceExtension(file, extension) : file + "." + extension;
+}
+
+STR ChoosePath(const STR& folder, const Arguments& arguments, const InputFile& input,
+               ScoreName name) {
     const STR& file = input.m_Path;
-    const char* extension = GetExtension(arguments.m_Format);
     if (!folder.IsEmpty()) {
-        const STR name =
+        const STR part =
             file == kStandardStream ? STR(kNameOfStandardInput) : STR(GetLastPart(file));
-        return JoinPath(JoinPath(folder, input.m_Subfolder), ReplaceExtension(name, extension));
+        return JoinPath(JoinPath(folder, input.m_Subfolder),
+                        NameScore(part, arguments.m_Format, name));
     }
-    return arguments.m_Output.IsEmpty() ? ReplaceExtension(file, extension) : arguments.m_Output;
+    return arguments.m_Output.IsEmpty() ? NameScore(file, arguments.m_Format, name)
+                                        : arguments.m_Output;
 }
 
 }  // namespace
 
-ScoreTarget ChooseScoreTarget(const Arguments& arguments, const InputFile& input) {
+ScoreTarget ChooseScoreTarget(const Arguments& arguments, const InputFile& input, ScoreName name) {
     const STR& output = arguments.m_Output;
     if (output == kStandardStream || (output.IsEmpty() && input.m_Path == kStandardStream)) {
         return {ScoreTarget::Kind::StandardOutput, "standard output", {}, {}, {}};
     }
     const STR folder = ChooseFolder(arguments, input);
-    const STR path = ChoosePath(folder, arguments, input);
+    const STR path = ChoosePath(folder, arguments, input, name);
     if (GetPathKind(path) == PathKind::Device) {
         return {ScoreTarget::Kind::Stream, path, path, {}, {}};
     }

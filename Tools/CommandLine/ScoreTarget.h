@@ -23,7 +23,10 @@ struct ScoreTarget {
     STR m_Subfolder;
 };
 
-// A folder is never given back: writing to it fails.
-ScoreTarget ChooseScoreTarget(const Arguments& arguments, const InputFile& input);
+// How the score of song.tab is called: song.vif or song.tab.vif.
+enum class ScoreName { Stem, WholeName };
+
+// A folder is never given back: writing to it fails. `name` does not matter when the user gave one.
+ScoreTarget ChooseScoreTarget(const Arguments& arguments, const InputFile& input, ScoreName name);
 
 }  // namespace tabulorix

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "FileExtension.h"
 #include "FileName.h"
@@ -13,6 +14,8 @@
 namespace tabulorix {
 
 namespace {
+
+constexpr std::string_view kUsualExtension = "tab";
 
 // Both to the same place: as the user would name it, and from the folder that was named.
 struct Place {
@@ -26,7 +29,7 @@ bool IsHidden(std::string_view name) {
 
 std::optional<InputFile::Origin> FindOrigin(std::string_view name) {
     const std::string extension = GetLowerCaseExtension(name);
-    if (extension == "tab" || extension == "btab" || extension == "crd") {
+    if (extension == kUsualExtension || extension == "btab" || extension == "crd") {
         return InputFile::Origin::FoundTab;
     }
     if (extension == "txt") {
@@ -60,7 +63,9 @@ void FolderSearch::LookInto(const Place& place) {
     if (!listing.m_Result) {
         m_Result.m_Failures.push_back({place.m_Path, listing.m_Result.m_Error});
     }
-    std::ranges::sort(listing.m_Files, {}, &STR::View);
+    std::ranges::sort(listing.m_Files, {}, [](const STR& name) {
+        return std::pair(GetLowerCaseExtension(name) != kUsualExtension, name.View());
+    });
     for (const STR& name : listing.m_Files) {
         const auto origin = IsHidden(name) ? std::nullopt : FindOrigin(name);
         if (origin) {

@@ -23,8 +23,8 @@ struct TabFolder {
         STR m_Reason;
     };
 
-    // The files of a folder come before its folders, both by the bytes of their names: the same
-    // folder gives the same order everywhere.
+    // The files of a folder come before its folders, those with the extension tab first, then by
+    // the bytes of their names: the same folder gives the same order everywhere.
     std::vector<InputFile> m_Files;
     // The folders that could not be read to their end.
     std::vector<Failure> m_Failures;

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <span>
 
 #include "StaveFinder.h"
+#include "Utf8.h"
 
 namespace tabulorix {
 
@@ -31,6 +33,25 @@ OtherByte FindCommonestOtherByte(std::string_view bytes) {
 std::string Hexadecimal(unsigned byte) {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
     return {'0', 'x', kDigits[byte / 16], kDigits[byte % 16]};
+}
+
+// Word processors put them in the place of the one that tabs are made of.
+void MentionOtherDashes(std::string_view bytes, std::vector<std::string>& summary) {
+    const std::string_view kWesternDashes[] = {"\x96", "\x97"};
+    const std::string_view kUtf8Dashes[] = {"\xE2\x80\x93", "\xE2\x80\x94", "\xE2\x88\x92"};
+    const auto dashes = IsUtf8(bytes) ? std::span<const std::string_view>(kUtf8Dashes)
+                                      : std::span<const std::string_view>(kWesternDashes);
+    int count = 0;
+    for (const std::string_view dash : dashes) {
+        for (std::size_t i = bytes.find(dash); i != std::string_view::npos;
+             i = bytes.find(dash, i + dash.size())) {
+            ++count;
+        }
+    }
+    if (count > 0) {
+        summary.push_back("dashes of another kind, which count as none: " + std::to_string(count) +
+                          "; replace them with -");
+    }
 }
 
 // Some old systems ended lines so.
@@ -103,30 +124,11 @@ void ShowNearestLines(std::string_view bytes, Explanation& explanation) {
     }
 }
 
-}  // namespace
-
-Explanation ExplainRefusal(std::string_view bytes, const TabRecognition& found) {
-    Explanation explanation;
-    std::vector<std::string>& summary = explanation.m_Summary;
-    summary.emplace_back("not a tab");
-    if (bytes.empty()) {
-        summary.emplace_back("it is empty");
-        return explanation;
-    }
-    ExplainDashes(found, summary);
-    ExplainBytes(bytes, found, summary);
-    MentionLoneReturns(bytes, summary);
-    ShowNearestLines(bytes, explanation);
-    if (!explanation.m_Rows.empty()) {
-        summary.emplace_back("these lines come nearest:");
-    }
-    return explanation;
-}
-
-namespace {
-
 std::string DescribeRuns(const DashedRuns& runs) {
     const LineRange& longest = runs.GetLongest();
+    if (runs.GetLineCount() == 1) {
+        return "only one has";
+    }
     std::string text = std::to_string(runs.GetLineCount()) + " have";
     if (longest.m_Count == 1) {
         return text + ", but no two of them stand below each other";
@@ -139,6 +141,25 @@ std::string DescribeRuns(const DashedRuns& runs) {
 }
 
 }  // namespace
+
+Explanation ExplainRefusal(std::string_view bytes, const TabRecognition& found) {
+    Explanation explanation;
+    std::vector<std::string>& summary = explanation.m_Summary;
+    summary.emplace_back("not a tab");
+    if (bytes.empty()) {
+        summary.emplace_back("it is empty");
+        return explanation;
+    }
+    ExplainDashes(found, summary);
+    ExplainBytes(bytes, found, summary);
+    MentionOtherDashes(bytes, summary);
+    MentionLoneReturns(bytes, summary);
+    ShowNearestLines(bytes, explanation);
+    if (!explanation.m_Rows.empty()) {
+        summary.emplace_back("these lines come nearest:");
+    }
+    return explanation;
+}
 
 void ExplainMissingStave(std::string_view bytes, const DashedRuns& runs, Explanation& explanation) {
     std::vector<std::string>& summary = explanation.m_Summary;

@@ -57,29 +57,38 @@ bool IsIn(const std::array<CodeRange, kCount>& ranges, std::uint32_t code) {
     });
 }
 
-// `bytes` are those of the character, or the one byte of Latin-1.
-void AppendShown(std::string& shown, const Utf8Character& character, std::string_view bytes) {
+Utf8Character ReadWestern(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return {byte < kFirstBeyondAscii ? byte : GetWesternCode(byte), 1};
+}
+
+// `bytes` are those of the character, or the one byte of the western code page. Gives back how many
+// columns wide it is.
+std::size_t AppendShown(std::string& shown, const Utf8Character& character,
+                        std::string_view bytes) {
     const std::uint32_t code = character.m_Code;
     if (code < ' ') {
         AppendUtf8(shown, kPictureOfNul + code);
-        return;
+        return 1;
     }
     if (code == kDelete) {
         AppendUtf8(shown, kPictureOfDelete);
-        return;
+        return 1;
     }
-    std::size_t width = 1;
     if (IsIn(kNotShown, code)) {
         shown += kReplacement;
-    } else if (code >= kFirstBeyondAscii && bytes.size() == 1) {
+        return 1;
+    }
+    if (code >= kFirstBeyondAscii && bytes.size() == 1) {
         AppendUtf8(shown, code);
-    } else {
-        shown += bytes;
-        width = IsIn(kWide, code) ? 2 : 1;
+        return 1;
     }
-    for (; width < bytes.size(); ++width) {
-        shown += kFiller;
-    }
+    shown += bytes;
+    return IsIn(kWide, code) ? 2 : 1;
+}
+
+Utf8Character ReadCharacter(std::string_view text, std::size_t at, bool isUtf8) {
+    return isUtf8 ? ReadUtf8(text.substr(at)) : ReadWestern(text[at]);
 }
 
 }  // namespace
@@ -89,27 +98,30 @@ std::vector<ShownPiece> GetShownPieces(const ExplainedRow& row) {
     const bool isUtf8 = IsUtf8(text);
     std::vector<ShownPiece> pieces;
     for (std::size_t column = 0; column < text.size();) {
-        const Utf8Character character =
-            isUtf8 ? ReadUtf8(text.substr(column))
-                   : Utf8Character{static_cast<unsigned char>(text[column]), 1};
+        const Utf8Character character = ReadCharacter(text, column, isUtf8);
         const Mark mark = row.GetMark(column);
         if (pieces.empty() || pieces.back().m_Mark != mark) {
             pieces.push_back({mark, {}});
         }
-        AppendShown(pieces.back().m_Text, character, text.substr(column, character.m_Length));
+        std::string& shown = pieces.back().m_Text;
+        std::size_t width = AppendShown(shown, character, text.substr(column, character.m_Length));
+        for (; width < character.m_Length; ++width) {
+            shown += kFiller;
+        }
         column += character.m_Length;
     }
     return pieces;
 }
 
 std::string GetShownText(std::string_view bytes) {
-    ExplainedRow row;
-    row.m_Text = bytes;
-    std::string text;
-    for (const ShownPiece& piece : GetShownPieces(row)) {
-        text += piece.m_Text;
+    const bool isUtf8 = IsUtf8(bytes);
+    std::string shown;
+    for (std::size_t at = 0; at < bytes.size();) {
+        const Utf8Character character = ReadCharacter(bytes, at, isUtf8);
+        AppendShown(shown, character, bytes.substr(at, character.m_Length));
+        at += character.m_Length;
     }
-    return text;
+    return shown;
 }
 
 }  // namespace tabulorix

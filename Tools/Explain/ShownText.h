@@ -21,8 +21,9 @@ struct ShownPiece {
 };
 
 // The row's text from the left, cut where the mark changes. A line that is no UTF-8 is read as
-// Latin-1.
+// Windows' western code page.
 std::vector<ShownPiece> GetShownPieces(const ExplainedRow& row);
+// A text that stands alone, such as a name: without the dots.
 std::string GetShownText(std::string_view bytes);
 
 }  // namespace tabulorix

@@ -47,7 +47,7 @@ void MeasureWriter::Write(const MeasureReading& measure) {
     pugi::xml_node node = m_Part.append_child("measure");
     node.append_attribute("number") = ++m_Number;
     m_Time = measure.m_NewTime.value_or(m_Time);
-    if (measure.m_Length != m_Time.GetLength()) {
+    if (GetWrittenLength(measure) != m_Time.GetLength()) {
         node.append_attribute("implicit") = "yes";
     }
     if (m_Number == 1 || measure.m_NewTime) {
@@ -57,6 +57,10 @@ void MeasureWriter::Write(const MeasureReading& measure) {
         AddLabel(node, label);
     }
     WriteEvents(node, measure);
+}
+
+int MeasureWriter::GetWrittenLength(const MeasureReading& measure) const noexcept {
+    return measure.m_Length > 0 ? measure.m_Length : m_Time.GetLength();
 }
 
 void MeasureWriter::WriteAttributes(pugi::xml_node node, const MeasureReading& measure) const {
@@ -88,7 +92,7 @@ void MeasureWriter::WriteStaff(pugi::xml_node attributes) const {
 
 void MeasureWriter::WriteEvents(pugi::xml_node node, const MeasureReading& measure) const {
     if (measure.m_Events.empty()) {
-        AddMeasureRest(node, measure.m_Length > 0 ? measure.m_Length : m_Time.GetLength());
+        AddMeasureRest(node, GetWrittenLength(measure));
         return;
     }
     NoteWriter writer(m_Score, node);

@@ -1,9 +1,10 @@
 // Writes the bars of a score as MusicXML:
 //
-//     <measure number="1" implicit="yes">     implicit: not as long as its time signature says
-//         <attributes>                        divisions, key, time, clef, strings; then changes
-//         only <direction>                         a section label, as a rehearsal mark <harmony>
-//         a chord symbol, before its notes <note> ...                          see NoteWriter.h
+//     <measure number="1" implicit="yes">  implicit: not as long as its time signature says
+//         <attributes>   divisions, key, time, clef and strings; only changes after bar 1
+//         <direction>    a section label, as a rehearsal mark
+//         <harmony>      a chord symbol, before its notes
+//         <note> ...     see NoteWriter.h
 //     </measure>
 
 #pragma once
@@ -23,6 +24,8 @@ public:
     void Write(const MeasureReading& measure);
 
 private:
+    // In ticks. A bar without a length is as long as its time signature says.
+    int GetWrittenLength(const MeasureReading& measure) const noexcept;
     void WriteAttributes(pugi::xml_node node, const MeasureReading& measure) const;
     void WriteStaff(pugi::xml_node attributes) const;
     void WriteEvents(pugi::xml_node node, const MeasureReading& measure) const;

@@ -12,9 +12,7 @@ bool CanComposeMusicXml() noexcept {
 std::string ComposeMusicXml(const TreeNode&) {
     RecordThrowLocation("MusicXml_missing", __LINE__);
     throw Exception(
-        "this build of tabulorix cannot write MusicXML: use --format vif, or a build with pugixml, "
-        "as "
-        "on Linux");
+        "this build of tabulorix has no MusicXML, which takes pugixml: use --format vif");
 }
 
 }  // namespace tabulorix

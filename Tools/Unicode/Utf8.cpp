@@ -6,6 +6,12 @@ namespace tabulorix {
 
 namespace {
 
+// Windows-1252 from 0x80 to 0x9F; beyond it is Latin-1.
+constexpr std::array<std::uint16_t, 32> kWestern = {
+    0x20AC, 0xFFFD, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0xFFFD, 0x017D, 0xFFFD, 0xFFFD, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178};
+
 std::uint32_t GetByte(std::string_view text, std::size_t index) noexcept {
     return index < text.size() ? static_cast<unsigned char>(text[index]) : 0;
 }
@@ -53,6 +59,11 @@ void AppendUtf8(std::string& text, std::uint32_t code) {
         text += static_cast<char>(0x80U | (code >> 6U & 0x3FU));
     }
     text += static_cast<char>(0x80U | (code & 0x3FU));
+}
+
+std::uint32_t GetWesternCode(unsigned char byte) noexcept {
+    const std::size_t index = byte - kFirstBeyondAscii;
+    return index < kWestern.size() ? kWestern[index] : byte;
 }
 
 }  // namespace tabulorix

@@ -24,4 +24,7 @@ bool IsUtf8(std::string_view text) noexcept;
 // For codes from 0x80 to 0xFFFF.
 void AppendUtf8(std::string& text, std::uint32_t code);
 
+// What a byte from 0x80 stands for in Windows' western code page; U+FFFD for none.
+std::uint32_t GetWesternCode(unsigned char byte) noexcept;
+
 }  // namespace tabulorix

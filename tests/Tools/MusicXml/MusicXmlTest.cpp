@@ -56,6 +56,24 @@ TEST_CASE("texts become UTF-8 that XML can hold") {
         [](const std::string& text) { return ToXmlText(text); });
 }
 
+TEST_CASE("a chord symbol has the kind and the bass that the format knows") {
+    CheckEach({{"Am7", "minor-seventh A"},
+               {"Cmaj7", "major-seventh C"},
+               {"Bm7b5", "half-diminished B"},
+               {"Gsus4", "suspended-fourth G"},
+               {"C7sus4", "other C"},
+               {"D/F#", "major DF1"},
+               {"C6/9", "other C"},
+               {"Ebdim", "diminished E-1"}},
+              [](const std::string& chord) {
+                  const auto score = MakeScore(MakeNotes(0, 8, 80, 23, 0) +
+                                               "{ Type \"Text\" StyledString { Text \"" + chord +
+                                               "\" TextStyle \"Chord symbol\" } }");
+                  return GetElement(*score, "//kind/text()") + " " +
+                         GetElement(*score, "//harmony/root//text() | //harmony/bass//text()");
+              });
+}
+
 TEST_CASE("a chord symbol without a root is words") {
     const auto score = MakeScore(MakeNotes(0, 8, 80, 23, 0) +
                                  "{ Type \"Text\" StyledString { Text \"#9 <\x02\" "
