@@ -3,7 +3,6 @@
     CommandLineTest.py PROGRAM FOLDER-OF-MESSAGES-AND-VERSION
 """
 
-import fcntl
 import glob
 import os
 import pty
@@ -12,127 +11,15 @@ import resource
 import shutil
 import signal
 import stat
-import struct
 import subprocess
 import sys
-import tempfile
-import termios
-import time
 import unittest
 
-PROGRAM, RESOURCES = (os.path.abspath(path) for path in sys.argv[1:3])
-STAVE = "\n".join(name + "|-----0--2--3--|--5-----7----|" for name in "eBGDAE") + "\n"
-RHYTHM = "       Q  Q  H     H     H\n"
-BASS = "\n".join(name + "|-----0--2--3--|--5-----7----|" for name in "GDAE") + "\n"
-NO_STAVE = "A heading\n--------------------\n"
-FOUND = "guitar, 1 stave, 2 bars, 30 notes, rhythms not shown"
-TOO_LONG_TO_CATCH = (STAVE + "\n") * 6000
-NOBODY = 65534
+from Harness import (ProgramTest, STAVE, RHYTHM, BASS, NO_STAVE, FOUND, TOO_LONG_TO_CATCH, NOBODY,
+                     read_defines, write, read, write_all)
 
 
-def read_defines(name):
-    with open(os.path.join(RESOURCES, name), encoding="ascii") as header:
-        text = header.read().replace("\\\n", "")
-    return dict(re.findall(r"#define (\w+)\s+(.+)", text))
-
-
-def write(path, text):
-    with open(path, "wb") as file:
-        file.write(text if isinstance(text, bytes) else text.encode())
-
-
-def read(path):
-    with open(path, "rb") as file:
-        return file.read()
-
-
-def write_all(folder, texts):
-    for name, text in texts.items():
-        path = os.path.join(folder, name)
-        os.makedirs(os.path.dirname(path), exist_ok=True)
-        write(path, text)
-
-
-def find(ending, folder):
-    """The files below the folder, hidden ones too; links to folders are not followed."""
-    paths = (os.path.relpath(os.path.join(parent, name), folder)
-             for parent, _, names in os.walk(folder) for name in names)
-    return sorted(path for path in paths if path.endswith(ending))
-
-
-def read_table(out):
-    return {label.strip(): int(count) for label, count in re.findall(r"^(.+?) +(\d+)$", out, re.M)}
-
-
-class CommandLineTest(unittest.TestCase):
-    maxDiff = None
-
-    @classmethod
-    def setUpClass(cls):
-        # A copy that everybody may run.
-        cls.home = tempfile.mkdtemp()
-        os.chmod(cls.home, 0o755)
-        cls.program = shutil.copy(PROGRAM, cls.home)
-        tried = subprocess.run([cls.program, "--format=musicxml", "-"], input=STAVE.encode(),
-                               capture_output=True)
-        cls.writes_music_xml = b"this build" not in tried.stderr
-
-    @classmethod
-    def tearDownClass(cls):
-        shutil.rmtree(cls.home)
-
-    def setUp(self):
-        self.folder = tempfile.mkdtemp(dir=self.home)
-        os.chmod(self.folder, 0o755)
-        os.chdir(self.folder)
-        os.mkdir("tmp")
-        self.environment = dict(os.environ, TMPDIR=os.path.join(self.folder, "tmp"))
-        for name in ("song.tab", "other.tab"):
-            write(name, STAVE)
-
-    def tearDown(self):
-        self.assertEqual(self.leftovers(), [])
-        os.chdir(self.home)
-        shutil.rmtree(self.folder)
-
-    def leftovers(self):
-        return glob.glob("**/.tabulorix-*", recursive=True)
-
-    def run_program(self, *arguments, stdin=b"", **options):
-        """The status, standard output and standard error."""
-        done = subprocess.run([self.program, *arguments], input=stdin, env=self.environment,
-                              stdout=options.pop("stdout", subprocess.PIPE),
-                              stderr=subprocess.PIPE, **options)
-        return done.returncode, (done.stdout or b"").decode(), done.stderr.decode()
-
-    def start(self, *arguments, **options):
-        return subprocess.Popen([self.program, *arguments], env=self.environment,
-                                stdout=subprocess.DEVNULL, **options)
-
-    def read_terminal(self, columns, *arguments):
-        """What the terminal is given when the work lasts long, however fast the machine is."""
-        terminal, end = pty.openpty()
-        fcntl.ioctl(end, termios.TIOCSWINSZ, struct.pack("4H", 24, columns, 0, 0))
-        running = self.start(*arguments, stderr=end)
-        os.close(end)
-        self.signal_at_work(running, signal.SIGSTOP)
-        time.sleep(0.4)
-        running.send_signal(signal.SIGCONT)
-        shown = b""
-        try:
-            while chunk := os.read(terminal, 4096):
-                shown += chunk
-        except OSError:  # the program has closed its end
-            pass
-        os.close(terminal)
-        self.assertEqual(running.wait(), 0)
-        return shown
-
-    def signal_at_work(self, running, number):
-        while not self.leftovers() and running.poll() is None:
-            time.sleep(0.001)
-        running.send_signal(number)
-
+class CommandLineTest(ProgramTest):
     def test_usage(self):
         version = read_defines("Version.h")
         number = ".".join(version[f"TABULORIX_VERSION_{p}"] for p in ("MAJOR", "MINOR", "PATCH"))
@@ -444,99 +331,6 @@ class CommandLineTest(unittest.TestCase):
         write_all("tabs", {"a.tab": TOO_LONG_TO_CATCH, "b/b.tab": STAVE})
         self.assertRegex(self.read_terminal(0, "tabs"), 
                          rb"\r1 of 2 \[#{20}\.{20}\]  50 %.*\r {57}\r$")
-
-    def test_folder(self):
-        write_all("tabs", {
-            "song.tab": STAVE, "LOUD.TaB": STAVE, "low.btab": BASS, "chords.crd": STAVE,
-            "old.txt": "a word\n---\n" + STAVE, "notes.txt": "no tab\n", "rule.TXT": NO_STAVE,
-            "cover.jpg": STAVE, "tab": STAVE, ".song.tab": "", ".trash/gone.tab": STAVE,
-            "blues/a b/riff.tab": RHYTHM + STAVE, "blues/song.tab": STAVE})
-        os.symlink("../..", "tabs/blues/loop")
-        os.symlink("../other.tab", "tabs/link.tab")
-        os.mkfifo("tabs/pipe.tab")
-        tabs = ["LOUD.TaB", "blues/a b/riff.tab", "blues/song.tab", "chords.crd", "link.tab",
-                "low.btab", "old.txt", "song.tab"]
-        table = "".join(f"{label:23}{count}\n" for label, count in (
-            ("converted", 8), ("  with lines left out", 1), ("not a tab", 1),
-            ("  too few dashes", 1), ("without a stave", 1)))
-        for options, folder, ending in (
-                ([], "tabs", ".vif"), (["-o", "tabs/out"], "tabs/out", ".vif"),
-                (["-oxml", "--format=musicxml"], "xml", ".musicxml")):
-            if ending == ".musicxml" and not self.writes_music_xml:
-                continue
-            with self.subTest(options):
-                self.assertEqual(self.run_program("tabs", *options), (0, table, ""))
-                scores = [os.path.splitext(tab)[0] + ending for tab in tabs]
-                self.assertEqual(find(ending, folder), scores)
-                for tab, score in zip(tabs, scores):
-                    self.run_program("-o", "alone" + ending, "tabs/" + tab)
-                    self.assertEqual(read(os.path.join(folder, score)), read("alone" + ending))
-                    os.remove(os.path.join(folder, score))
-        self.assertEqual(self.run_program("tabs", "song.tab", "--quiet", "-o", "both"), (1, "", (
-            "tabulorix: song.tab: its score would replace the one just written to both/song.vif\n")))
-
-    def test_folder_with_other_things(self):
-        os.mkdir("empty")
-        write_all("tabs", {"prose.tab": "no tab\n", "letter.txt": "no tab\n", "empty.crd": "",
-                           "bytes.tab": b"\xE9" * 60, "heading.btab": NO_STAVE, "z/song.tab": STAVE,
-                           "a.btab": BASS, "a.tab": STAVE, "a.txt": STAVE, "b.tab": STAVE,
-                           "new\nline\x1b[2J\u009bm\u00e9.tab": ""})
-        os.symlink("z/song.tab", "tabs/b.vif")
-        os.symlink("nowhere", "tabs/gone.tab")
-        status, out, err = self.run_program("tabs", "empty", "missing.txt")
-        self.assertEqual(status, 1)
-        self.assertEqual(read_table(out), {
-            "converted": 4, "not a tab": 5, "too few dashes": 2, "not text": 1, "empty": 2,
-            "without a stave": 1, "failed": 4})
-        self.assertEqual([line.split(": ")[1] for line in err.splitlines()], [
-            "empty", "tabs/b.tab", "tabs/bytes.tab", "tabs/gone.tab",
-            "tabs/new?line?[2J??m\u00e9.tab", "tabs/prose.tab", "tabs/empty.crd",
-            "tabs/heading.btab", "missing.txt"])
-        self.assertEqual(read("tabs/z/song.tab").decode(), STAVE)
-        write_all("twins", {"a.tab": STAVE, "a.txt": "words\n"})
-        self.assertEqual(self.run_program("twins", "--quiet")[0], 0)
-        for tab, score in (("a.tab", "a.vif"), ("a.btab", "a.btab.vif"), ("a.txt", "a.txt.vif")):
-            self.run_program("-o", "a.vif", "tabs/" + tab)
-            self.assertEqual(read("tabs/" + score), read("a.vif"))
-
-    def test_folder_that_fails_in_places(self):
-        deep = "/".join(["d" * 250] * 14)
-        write_all("tabs", {"a.tab": STAVE, "locked/b.tab": STAVE, "taken/c.tab": STAVE,
-                           "unread.tab": STAVE, f"{deep}/d.tab": STAVE, "z/e.tab": STAVE})
-        os.makedirs("out")
-        write("out/taken", "")
-        os.chmod("tabs/unread.tab", 0)
-        os.chmod("tabs/locked", 0)
-        os.chmod("out", 0o777)
-        user = {"user": NOBODY} if os.geteuid() == 0 else {}
-        # The way to the deepest score has no room in a path.
-        out_folder = "out/" + "." + "/" * 600
-        status, out, err = self.run_program("tabs", "-o", out_folder, **user)
-        self.assertEqual((status, read_table(out)), (1, {"converted": 2, "failed": 4}))
-        for line, reason in zip(err.splitlines(), (
-                "tabs/locked: cannot be read: Permission denied",
-                "tabs/unread.tab: cannot be read: Permission denied",
-                "d/d.tab: .*File name too long", r"tabs/taken/c\.tab: .*Not a directory")):
-            self.assertRegex(line, reason + "$")
-        self.assertEqual(find(".vif", "out"), ["a.vif", "z/e.vif"])
-        os.chmod("tabs/locked", 0o755)
-
-    def test_interrupted_folder(self):
-        write_all("tabs", {"%03d.tab" % i: (STAVE + "\n") * 300 for i in range(200)})
-        for number, at_work in ((signal.SIGINT, True), (signal.SIGTERM, False)):
-            running = subprocess.Popen([self.program, "tabs", "-o", "out"], stdout=subprocess.PIPE)
-            while not os.path.exists("out/001.vif"):
-                time.sleep(0.001)
-            # While a score is written, and while the next tab is looked at.
-            if at_work:
-                self.signal_at_work(running, number)
-            else:
-                running.send_signal(number)
-            table = read_table(running.communicate()[0].decode())
-            self.assertEqual(running.returncode, -number)
-            self.assertEqual(table["converted"], len(os.listdir("out")))
-            self.assertEqual(table["converted"] + table["not reached"], 200)
-            shutil.rmtree("out")
 
 
 if __name__ == "__main__":
