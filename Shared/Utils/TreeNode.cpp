@@ -80,13 +80,15 @@ void TreeNode::CopyChildren(const TreeNode& source) {
 TreeNode::~TreeNode() {
     TreeNode* node = this;
     TreeNode* parent = nullptr;
-    while (node->GetChildCount() > 0 || parent != nullptr) {
+    for (;;) {
         if (node->GetChildCount() > 0) {
             TreeNode*& lastSlot = node->m_Children[node->GetChildCount() - 1];
             TreeNode* child = lastSlot;
             lastSlot = parent;
             parent = node;
             node = child;
+        } else if (parent == nullptr) {
+            return;
         } else {
             delete node;
             node = parent;
