@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "FileSystem.h"
+#include "MusicXml.h"
 
 namespace tabulorix {
 
@@ -153,6 +154,9 @@ void ArgumentReader::ChooseFormat() {
         m_NamedFormat = FindScoreFormatOfPath(m_Result.m_Output);
     }
     m_Result.m_Format = m_NamedFormat.value_or(ScoreFormat::Vif);
+    if (m_Result.m_Format == ScoreFormat::MusicXml && !CanComposeMusicXml()) {
+        Complain("this build has no MusicXML, which takes pugixml: use --format vif");
+    }
 }
 
 void ArgumentReader::ReadOption(Option option) {
@@ -219,6 +223,8 @@ Arguments ArgumentReader::Read() {
     }
     if (!IsDone()) {
         ChooseFormat();
+    }
+    if (!IsDone()) {
         CheckFiles();
     }
     return std::move(m_Result);

@@ -11,8 +11,7 @@ bool CanComposeMusicXml() noexcept {
 
 std::string ComposeMusicXml(const TreeNode&) {
     RecordThrowLocation("MusicXml_missing", __LINE__);
-    throw Exception(
-        "this build of tabulorix has no MusicXML, which takes pugixml: use --format vif");
+    throw Exception("this build has no MusicXML");
 }
 
 }  // namespace tabulorix
