@@ -10,4 +10,8 @@ namespace standin {
 // thread-local slots, bytes in all heaps, and the system's own counters, 0 where it does not count.
 std::string GetFigures();
 
+// Holds the process still until a line comes from standard input, so that others can measure it
+// meanwhile. Goes on at once where the input has ended.
+void WaitForLine();
+
 }  // namespace standin

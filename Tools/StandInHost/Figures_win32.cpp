@@ -65,4 +65,13 @@ std::string GetFigures() {
            Named(" working-set", memory.WorkingSetSize) + Named(" private", memory.PagefileUsage);
 }
 
+void WaitForLine() {
+    // Past the run-time, whose buffer for the input would be among the figures.
+    const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
+    char byte = '\0';
+    DWORD read = 0;
+    while (byte != '\n' && ReadFile(input, &byte, 1, &read, nullptr) != 0 && read == 1) {
+    }
+}
+
 }  // namespace standin

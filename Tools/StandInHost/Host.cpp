@@ -96,6 +96,7 @@ bool Host::Run() {
         }
         if (m_Script.m_FiguresEvery != 0 && round % m_Script.m_FiguresEvery == 0) {
             LogAlways("round " + std::to_string(round) + " " + GetFigures());
+            WaitForLine();
         }
     }
     return true;

@@ -41,7 +41,7 @@ constexpr const char* kHelpText =
     "  --preload LIBRARY   load this library before the plug-in\n"
     "  --control-word HEX  the floating-point control word of the host (default: 027F)\n"
     "  --repeat N          load, take the steps and unload N times\n"
-    "  --figures N         after each N rounds print what the process uses\n"
+    "  --figures N         after each N rounds print what the process uses, and wait for a line\n"
     "  --quiet             print figures and complaints only\n"
     "\n"
     "StandInHostShared is the same program with the compiler's run-time in shared libraries. Only "

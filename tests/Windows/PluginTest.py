@@ -271,8 +271,8 @@ class PluginTest(unittest.TestCase):
         command = self.command("--quiet", "--answer", "ok", "--repeat", str(rounds), "--figures",
                                "100", "--at", at, [windows_path("messy.tab")], shared=shared)
         figures = []
-        with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
-                              text=True) as running:
+        with subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                              stderr=subprocess.DEVNULL, text=True, bufsize=1) as running:
             for line in running.stdout:
                 self.assertRegex(line, r"^round \d+ ")
                 found = {name: int(n) for name, n in re.findall(r"(\S+) (\d+)", line)}
@@ -280,6 +280,8 @@ class PluginTest(unittest.TestCase):
                 status = read(f"/proc/{running.pid}/status").decode()
                 found["resident"] = int(re.search(r"VmRSS:\s+(\d+) kB", status)[1])
                 figures.append(found)
+                # It stands still until it is told to go on, or it might have ended by now.
+                running.stdin.write("\n")
         self.assertEqual(running.returncode, 0)
         return figures
 
