@@ -89,8 +89,9 @@ public:
     // Reads a whole file. Throws Exception "Could not open configuration file " and the path when
     // it cannot be opened, and what TreeNodeReader throws when it is not a tree.
     static std::unique_ptr<TreeNode> ReadFromFile(const STR& path);
-    // Replaces the file, links followed, by this tree as text, wholly or not at all. When that
-    // fails, the result is false and says why, and the error log has a line.
+    // Replaces the file, links followed, by this tree as text, wholly or not at all; a file that
+    // cannot be replaced is written in place. When that fails too, the result is false and says
+    // why, and the error log has a line.
     FileResult WriteToFile(const STR& path) const;
     // The same where nothing may be at the path yet.
     FileResult WriteToNewFile(const STR& path) const;

@@ -123,8 +123,16 @@ FileResult TreeNode::WriteToFile(const STR& path) const {
     const STR target = ResolveLinks(path);
     NewFile file = NewFile::In(GetFolderPart(target));
     FileResult written = WriteInto(file);
+    const bool hasRoom = written || !file.GetCreation();
     if (written) {
         written = file.MoveOver(target);
+    }
+    // A file that another program holds, or whose folder takes no new ones, may still be written
+    // to.
+    if (!written && hasRoom) {
+        STR text;
+        WriteText(text, 0);
+        written = WriteWholeFile(target, text);
     }
     LogFailure(written, path);
     return written;

@@ -1,5 +1,6 @@
 #include "ImportOptions.h"
 
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -10,9 +11,10 @@ namespace tabulorix {
 namespace {
 
 constexpr const char* kRhythmLevel = "RhythmLevel";
-// No options are nested like that. The lines of a tree begin with a tab for each level, so that a
-// file of nothing but braces would grow with the square of its size when it is saved.
-constexpr int kDeepestSaved = 100;
+// The lines of a tree begin with a tab for each level, so that a file of nothing but braces would
+// grow with the square of its size when it is saved. What needs more tabs than this was made to do
+// harm.
+constexpr std::int64_t kMostTabsSaved = 4 << 20;
 constexpr int kDefaultLevel = static_cast<int>(RhythmLevel::WhenIndicated);
 
 // Whether there is a file is asked only when it cannot be read: a system that fails for a moment
@@ -28,16 +30,18 @@ std::unique_ptr<TreeNode> ReadOptions(const FileName& file) {
     }
 }
 
-bool IsNestedDeeperThan(const TreeNode& root, int depth) {
+// In the first line of each node; its braces have as many again.
+bool HasMoreTabsThan(std::int64_t most, const TreeNode& root) {
     std::vector<const TreeNode*> level = {&root};
-    for (; !level.empty() && depth >= 0; --depth) {
+    for (std::int64_t depth = 0; !level.empty() && most >= 0; ++depth) {
+        most -= depth * static_cast<std::int64_t>(level.size());
         std::vector<const TreeNode*> next;
         for (const TreeNode* node : level) {
             next.insert(next.end(), node->GetChildren().begin(), node->GetChildren().end());
         }
         level = std::move(next);
     }
-    return !level.empty();
+    return most < 0;
 }
 
 }  // namespace
@@ -63,7 +67,7 @@ RhythmLevel ImportOptions::GetRhythmLevel() const noexcept {
 
 bool ImportOptions::Save() {
     m_Root->ReplaceOrAppendChild(std::make_unique<TreeNode>(kRhythmLevel, m_Level));
-    return !IsNestedDeeperThan(*m_Root, kDeepestSaved) &&
+    return !HasMoreTabsThan(kMostTabsSaved, *m_Root) &&
            m_Root->WriteToFile(m_File.GetPath()).Succeeded();
 }
 

@@ -1,4 +1,7 @@
+#include <fstream>
+
 #include "Exceptions.h"
+#include "FileName.h"
 #include "TestSupport.h"
 #include "UserLocale.h"
 
@@ -135,6 +138,17 @@ TEST_CASE("A sought label ends the reading at its first text") {
         return GetFailure(
             [&] { TreeNodeReader(text, TreeNodeReader::Source::Memory, {}, "Key").Read(); });
     });
+}
+
+TEST_CASE("A file that another program reads is written nevertheless") {
+    const FileName file = FileName::CreateTemporary();
+    {
+        const std::ifstream reader(file.GetPath().GetText(), std::ios::binary);
+        REQUIRE(reader.is_open());
+        CHECK(TreeNode("A").WriteToFile(file.GetPath()));
+    }
+    CHECK(TreeNode::ReadFromFile(file.GetPath())->GetLabel() == "A");
+    file.Delete();
 }
 
 TEST_CASE("A file that cannot be opened is named") {
