@@ -68,12 +68,11 @@ private:
 class FolderScene : public Scene {
 public:
     FolderScene(const std::string& tab, RhythmLevel level) : Scene(tab) {
-        const STR folder = m_Host.GetPath("tabs");
-        MakeFolder(folder);
-        MakeFolder(JoinPath(folder, "more"));
+        MakeFolder("tabs");
+        MakeFolder("tabs/more");
         m_Host.MakeFile("tabs/song.tab", tab);
         m_Host.MakeFile("tabs/more/song.tab", tab);
-        m_Arguments.m_Files = {folder};
+        m_Arguments.m_Files = {"tabs"};
         m_Arguments.m_RhythmLevel = level;
         m_Arguments.m_IsQuiet = true;
         for (int i = 0; i < 2; ++i) {  // the second is the first to find all that is kept

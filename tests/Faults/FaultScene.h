@@ -41,9 +41,9 @@ inline bool TakesSamples(Fault::Kind kind) {
 // What is in a folder: the bytes of each file, and where each link leads.
 using Disk = std::map<std::string, std::string>;
 
-inline Disk ReadDisk(const STR& folder) {
+inline Disk ReadDisk(const fs::path& folder) {
     Disk disk;
-    for (const auto& entry : fs::recursive_directory_iterator(folder.GetText())) {
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
         const std::string path = entry.path().string();
         disk[path] = entry.is_symlink()        ? fs::read_symlink(path).string()
                      : entry.is_regular_file() ? std::string(ReadWholeFile(STR(path)).m_Bytes)
@@ -66,16 +66,16 @@ struct Holdings {
 class Scene {
 public:
     explicit Scene(const std::string& tab) {
-        const STR temporary = m_Host.GetPath("temporary");
-        MakeFolder(temporary);
-        ::setenv("TMPDIR", temporary.GetText(), 1);
+        const fs::path temporary = fs::absolute("temporary");
+        fs::create_directory(temporary);
+        ::setenv("TMPDIR", temporary.c_str(), 1);
         m_Tab = m_Host.MakeFile("song.tab", tab);
     }
     ~Scene() { ::setenv("TMPDIR", m_OldFolder.GetText(), 1); }
     Scene(const Scene&) = delete;
     Scene& operator=(const Scene&) = delete;
 
-    Disk ReadDisk() const { return tabulorix::ReadDisk(m_Host.GetPath("")); }
+    Disk ReadDisk() const { return tabulorix::ReadDisk(fs::current_path()); }
 
     STR m_OldFolder = GetTemporaryFolder();
     ScriptedHost m_Host;
@@ -135,7 +135,7 @@ inline void Plant(const std::string& path, const STR& victim, Planted what) {
         fs::create_directory(path);
     } else {
         const std::string end = what == Planted::LinkToFile ? "" : ".nothing";
-        fs::create_symlink(victim.GetText() + end, path);
+        fs::create_symlink(fs::absolute(victim.GetText()).string() + end, path);
     }
 }
 

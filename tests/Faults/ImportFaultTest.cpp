@@ -20,7 +20,7 @@ public:
         m_Disk = ReadDisk();
         m_Host.Import(m_Host.MakeFile("empty.tab", "-----------"));
         m_EmptyScore = TakeLeftScore();
-        RemoveFile(m_Host.GetPath("empty.tab"));
+        RemoveFile("empty.tab");
         m_Holdings = Holdings();
     }
 

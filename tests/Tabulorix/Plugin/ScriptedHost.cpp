@@ -1,7 +1,5 @@
 #include "ScriptedHost.h"
 
-#include <filesystem>
-
 #include "FaultPause.h"
 #include "HostCallbacks.h"
 #include "HostModule.h"
@@ -94,12 +92,12 @@ std::unique_ptr<HostModule> MakeScriptedModule(int functionCount) {
     return std::make_unique<ScriptedModule>(functionCount);
 }
 
-ScriptedHost::ScriptedHost() {
-    // A folder with a dot in its name would hide the extensions of the files in it.
+ScriptedHost::ScriptedHost() : m_OldFolder(std::filesystem::current_path()) {
     const FileName unique = FileName::CreateTemporary();
-    m_Folder = unique.GetPath().View().substr(0, unique.GetPath().View().rfind('.'));
-    MakeFolder(m_Folder);
+    m_Folder = std::filesystem::absolute(unique.GetPath().View()).string();
     unique.Delete();
+    std::filesystem::create_directory(m_Folder);
+    std::filesystem::current_path(m_Folder);
     GetPluginState() = {};
     g_Host = this;
 }
@@ -108,11 +106,12 @@ ScriptedHost::~ScriptedHost() {
     TerminatePlugin();
     g_Host = nullptr;
     std::error_code ignored;
-    std::filesystem::remove_all(m_Folder.GetText(), ignored);
+    std::filesystem::current_path(m_OldFolder, ignored);
+    std::filesystem::remove_all(m_Folder, ignored);
 }
 
 int ScriptedHost::Init(int functionCount) {
-    m_Info.m_SettingsFolder = m_Folder.GetText();
+    m_Info.m_SettingsFolder = m_Folder.c_str();
     m_Info.m_ProgressCookie = 77;
     m_Info.m_ParentWindow = this;
     return InitialisePlugin(&m_Info, &m_Result, MakeScriptedModule(functionCount));
@@ -123,9 +122,8 @@ int ScriptedHost::Open(const STR& path) {
 }
 
 STR ScriptedHost::MakeFile(const char* name, std::string_view bytes) {
-    STR path = GetPath(name);
-    WriteWholeFile(path, bytes);
-    return path;
+    WriteWholeFile(name, bytes);
+    return name;
 }
 
 std::string ScriptedHost::Import(const STR& path) {

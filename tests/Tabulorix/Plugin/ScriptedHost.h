@@ -1,8 +1,12 @@
 // A host inside the test program: it records what the plug-in asks of it, and does what a test
 // scripts in the middle of a call. Only one at a time.
+//
+// It works in a folder of its own, which is the current one meanwhile: files are named without the
+// folders above, whose names may hold dots, which would hide the files' extensions.
 
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -24,9 +28,8 @@ public:
 
     int Init(int functionCount = 6);
     int Open(const STR& path);
-    // Makes a file of the test's folder and gives back its path.
+    // Makes a file in the host's folder and gives back its name.
     STR MakeFile(const char* name, std::string_view bytes);
-    STR GetPath(const char* name) const { return JoinPath(m_Folder, name); }
     // The score of a fresh import.
     std::string Import(const STR& path);
 
@@ -45,7 +48,8 @@ public:
     PluginInitResult m_Result{};
 
 private:
-    STR m_Folder;
+    std::filesystem::path m_OldFolder;
+    std::string m_Folder;
 };
 
 }  // namespace tabulorix
