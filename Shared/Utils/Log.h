@@ -1,7 +1,7 @@
 // The debug log and the error log.
 //
-// Lines go to the sink of the running program; without a sink they are dropped. A line brings its
-// own line end.
+// Lines go to the sink of the running program; without a sink they are dropped. The plug-in sends
+// them to the debugger; the command line has none. A line brings its own line end.
 
 #pragma once
 

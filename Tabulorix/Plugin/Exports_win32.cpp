@@ -2,6 +2,7 @@
 // the host finds its floating-point environment as it was. What they do and how they are called is
 // said in VeltrasoApi.h.
 
+#include "DebuggerLog_win32.h"
 #include "FloatingPoint.h"
 #include "HostCallbacks.h"
 #include "HostProcess_win32.h"
@@ -35,7 +36,10 @@ VelResultsDialogMessageFunction VEL_RESULTSDIALOGMESSAGE;
 VelChooseTransposingInstrumentsFunction VEL_CHOOSETRANSPOSINGINSTRUMENTS;
 
 int VEL_INIT(const PluginHostInfo* info, PluginInitResult* result) {
-    return Guard([=] { return InitialisePlugin(info, result, std::make_unique<HostProcess>()); });
+    return Guard([=] {
+        SendLogToDebugger();
+        return InitialisePlugin(info, result, std::make_unique<HostProcess>());
+    });
 }
 
 int VEL_OPENFILE(const char* path) {
