@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that a task needs and the machine lacks; silent when it lacks none.
 #
-#
 #     scripts/setup.sh GROUP...
 #
 # The groups are build, test, check, bench, sanitize32, coverage, windows, clients.
@@ -11,7 +10,7 @@ declare -A packages=(
     [build]="g++ cmake make libpugixml-dev"
     [test]="doctest-dev locales python3"
     [check]="clang clang-format clang-tidy libclang-rt-14-dev"
-    [bench]="libbenchmark-dev libpugixml-dev python3"
+    [bench]="libbenchmark-dev libpugixml-dev python3 time"
     [sanitize32]="g++-multilib"
     [coverage]="gcovr"
     [windows]="g++-mingw-w64-i686-win32 doctest-dev python3 wine wine32:i386 fonts-wine xvfb xauth"
@@ -33,7 +32,7 @@ fi
 # A package of a program's name is not needed where that program has come some other way.
 missing=()
 for name in "${wanted[@]}"; do
-    ! command -v "$name" >/dev/null || continue
+    ! type -P "$name" >/dev/null || continue
     state=$(dpkg-query --show --showformat='${db:Status-Status}' "$name" 2>/dev/null || true)
     [[ $state == installed ]] || missing+=("$name")
 done
