@@ -1,11 +1,10 @@
-# Warnings are errors in every build, and the sanitizers are a choice of the whole build. No file
-# names the folder that it was built in.
+# Presets for work on the code make errors of warnings; elsewhere a later compiler may have new ones.
+# The sanitizers are a choice of the whole build. No file names the folder that it was built in.
 
 add_compile_options(
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
   $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast> $<$<COMPILE_LANGUAGE:CXX>:-Woverloaded-virtual>
-  $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>
-  -Werror)
+  $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor>)
 
 # GCC 12 takes appended strings for overlapping ones when it optimises.
 add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
