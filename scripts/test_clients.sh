@@ -9,6 +9,10 @@ cmake --build --preset dev --parallel "$(nproc)" --target tabulorix
 
 modules=build/clients
 mkdir -p "$modules"
-cp tests/Clients/package.json tests/Clients/package-lock.json tests/Clients/Readers.mjs "$modules"
-npm ci --prefix "$modules" --no-audit --no-fund --omit-lockfile-registry-resolved
+cp tests/Clients/Readers.mjs "$modules"
+if ! cmp --silent tests/Clients/package-lock.json "$modules/installed.json"; then
+    cp tests/Clients/package.json tests/Clients/package-lock.json "$modules"
+    npm ci --prefix "$modules" --no-audit --no-fund --omit-lockfile-registry-resolved
+    cp tests/Clients/package-lock.json "$modules/installed.json"
+fi
 python3 tests/Clients/ClientsTest.py build/dev/Tools/CommandLine/tabulorix "$modules" examples/*tab

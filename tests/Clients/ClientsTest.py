@@ -25,7 +25,7 @@ systemIdStartString="http://www.musicxml.org/dtds/" rewritePrefix="file://%s/"/>
 
 def run(*command, **environment):
     """What the command prints on its two outputs."""
-    done = subprocess.run(command, env=dict(os.environ, **environment), check=True,
+    done = subprocess.run(command, env=dict(os.environ, **environment), check=True, timeout=600,
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE)
     return done.stdout.decode("utf-8", "replace"), done.stderr.decode("utf-8", "replace")
 

@@ -329,9 +329,9 @@ class CommandLineTest(ProgramTest):
             self.assertRegex(shown, bar)
             self.assertRegex(shown, rb"(^|\r {24,}\r)$")
         write_all("tabs", {"a.tab": TOO_LONG_TO_CATCH, "b/b.tab": STAVE})
-        self.assertRegex(self.read_terminal(0, "tabs"), 
+        self.assertRegex(self.read_terminal(0, "tabs"),
                          rb"\r1 of 2 \[#{20}\.{20}\]  50 %.*\r {57}\r$")
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1])
+    unittest.main(argv=sys.argv[:1], verbosity=2)

@@ -97,6 +97,7 @@ class FolderTest(ProgramTest):
         for number, at_work in ((signal.SIGINT, True), (signal.SIGTERM, False)):
             running = subprocess.Popen([self.program, "tabs", "-o", "out"], stdout=subprocess.PIPE)
             while not os.path.exists("out/001.vif"):
+                self.assertIsNone(running.poll(), "it has ended before anything was converted")
                 time.sleep(0.001)
             # While a score is written, and while the next tab is looked at.
             if at_work:
@@ -111,4 +112,4 @@ class FolderTest(ProgramTest):
 
 
 if __name__ == "__main__":
-    unittest.main(argv=sys.argv[:1])
+    unittest.main(argv=sys.argv[:1], verbosity=2)
