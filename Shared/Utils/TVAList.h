@@ -1,5 +1,9 @@
 // A growable array of plain values (ints, pointers).
 //
+// A tree has some hundred thousand of these lists, most of them empty or short: unlike std::vector
+// this one counts in ints, as all of a tree does, grows in small steps, and moves its entries by
+// realloc.
+//
 // The capacity grows by the grow step, so that a short list stays small, and in proportion once
 // the list is long, so that appending stays cheap. Capacities stay multiples of the grow step.
 
