@@ -2,8 +2,7 @@
 // is played to its notes' positions and lengths.
 //
 // Columns are relative to the bar's first column; times are ticks, 1024 to a whole note. The stages
-// fill it in a fixed order: FindRhythmIndication, PrepareEvents, AssignTimings, FindChords,
-// AttachChords.
+// that fill it stand in BarMusicReading, in their order.
 
 #pragma once
 
