@@ -10,11 +10,8 @@
 #include <algorithm>
 #include <string>
 
-#include "BarChords.h"
-#include "EventPreparation.h"
+#include "BarMusicReading.h"
 #include "FuzzTarget.h"
-#include "RhythmIndication.h"
-#include "RhythmStrategies.h"
 
 namespace tabulorix {
 
@@ -77,16 +74,12 @@ void CheckEvents(const BarMusic& music) {
 }
 
 void CheckBar(const TabAnalysis& analysis, const TabBar& bar, RhythmLevel level) {
-    BarMusic music(bar);
-    FindRhythmIndication(analysis, music);
+    BarMusic music = ReadBarMusic(analysis, bar);
     if (music.m_Rhythms != nullptr) {
         CheckRhythms(*music.m_Rhythms, bar.m_Width);
     }
-    PrepareEvents(analysis.GetText(), music);
-    AssignTimings(music, level);
+    PlaceInTime(music, level);
     CheckEvents(music);
-    FindChords(analysis.GetText(), music);
-    AttachChords(music);
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 // What the analysis finds in a text: staves with their bar lines and bars, time signatures and
 // section labels.
 //
-// Lines and columns are 0-based positions in the TabText. Times are ticks, 1024 to a whole note.
-// Pitches are Chrom2 values: twice the MIDI note number, so 80 is the low E string of a guitar.
+// Lines and columns are 0-based positions in the TabText. Times are ticks (Ticks.h). Pitches are
+// Chrom2 values: twice the MIDI note number, so 80 is the low E string of a guitar.
 
 #pragma once
 
@@ -11,13 +11,11 @@
 #include <vector>
 
 #include "STR.h"
+#include "Ticks.h"
 
 namespace tabulorix {
 
 struct TabStave;
-
-constexpr int kWholeNoteTicks = 1024;
-constexpr int kWholeNoteExponent = 10;
 
 // A fraction such as 3/4 on a text line above a stave.
 struct TimeSignatureMark {
@@ -29,7 +27,7 @@ struct TimeSignatureMark {
     int m_Denominator;  // 2, 4, 8 or 16
 
     // The exponent of the unit in ticks: 8 for quarters, 7 for eighths; 10 for 1 and 0.
-    int GetLogUnitLength() const noexcept;
+    int GetLogUnitLength() const noexcept { return GetUnitExponent(m_Denominator); }
     int GetBarLength() const noexcept { return m_Numerator << GetLogUnitLength(); }
 };
 

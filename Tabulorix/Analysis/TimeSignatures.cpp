@@ -1,7 +1,6 @@
 #include "TimeSignatures.h"
 
 #include <algorithm>
-#include <bit>
 
 #include "Ascii.h"
 
@@ -97,11 +96,6 @@ private:
 };
 
 }  // namespace
-
-int TimeSignatureMark::GetLogUnitLength() const noexcept {
-    const auto denominator = static_cast<unsigned>(std::max(m_Denominator, 1));
-    return kWholeNoteExponent + 1 - static_cast<int>(std::bit_width(denominator));
-}
 
 TimeSignatureMarks FindTimeSignatures(const TabText& text, const TabStaves& staves) {
     TimeSignatureMarks marks;

@@ -1,9 +1,8 @@
 // What the generation stage works out for one bar of the tab, from the columns in which something
 // is played to its notes' positions and lengths.
 //
-// Columns are relative to the bar's first column; times are ticks, 1024 to a whole note. The stages
-// fill it in a fixed order: FindRhythmIndication, PrepareEvents, AssignTimings, FindChords,
-// AttachChords.
+// Columns are relative to the bar's first column; times are ticks (Ticks.h). The stages that
+// fill it stand in BarMusicReading, in their order.
 
 #pragma once
 

@@ -6,12 +6,12 @@
 
 #include "Arithmetic.h"
 #include "Ascii.h"
+#include "Ticks.h"
 
 namespace tabulorix {
 
 namespace {
 
-constexpr int kQuarterNoteTicks = 256;
 constexpr int kMostKinds = 3;
 constexpr int kLeastMarks = 2;
 constexpr int kLeastMarksWhenTouching = 3;

@@ -2,12 +2,13 @@
 
 #include "Arithmetic.h"
 #include "RhythmStrategies.h"
+#include "Ticks.h"
 
 namespace tabulorix {
 
 namespace {
 
-constexpr int kSnapTicks = 32;
+constexpr int kSnapTicks = kWholeNoteTicks / 32;
 
 // The nearest multiple; halfway goes up. `position` is not negative.
 int Snap(int position) {

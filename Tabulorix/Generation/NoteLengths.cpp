@@ -5,12 +5,13 @@
 
 #include "Arithmetic.h"
 #include "Ascii.h"
+#include "Ticks.h"
 
 namespace tabulorix {
 
 namespace {
 
-constexpr int kLeastSum = 512;
+constexpr int kLeastSum = kWholeNoteTicks / 2;
 constexpr int kEnoughEighths = 4;
 constexpr int kInterpolationSteps = 1000;
 
@@ -18,19 +19,19 @@ constexpr int kInterpolationSteps = 1000;
 constexpr int GetLetterLength(char c) {
     switch (c) {
         case 'W':
-            return 1024;
+            return kWholeNoteTicks;
         case 'H':
-            return 512;
+            return kWholeNoteTicks / 2;
         case 'Q':
-            return 256;
+            return kWholeNoteTicks / 4;
         case 'E':
-            return 128;
+            return kWholeNoteTicks / 8;
         case 'S':
-            return 64;
+            return kWholeNoteTicks / 16;
         case 'T':
-            return 32;
+            return kWholeNoteTicks / 32;
         case 'X':
-            return 16;
+            return kWholeNoteTicks / 64;
         default:
             return 0;
     }

@@ -2,11 +2,8 @@
 
 #include <cstdint>
 
-#include "BarChords.h"
-#include "EventPreparation.h"
+#include "BarMusicReading.h"
 #include "NoteOutput.h"
-#include "RhythmIndication.h"
-#include "RhythmStrategies.h"
 #include "ScoreElements.h"
 #include "ScoreSkeleton.h"
 #include "ScoreTemplate.h"
@@ -53,8 +50,8 @@ void ScoreGeneration::GenerateBars(TreeNode& bars) {
 }
 
 void ScoreGeneration::GenerateBar(const TabBar& bar, TreeNode& bars) {
-    BarMusic music(bar);
-    ReadMusic(music);
+    BarMusic music = ReadBarMusic(m_Tab, bar);
+    PlaceInTime(music, m_Level);
     if (music.m_AreRhythmsShown) {
         (music.m_Rhythms != nullptr ? m_HasIndicatedRhythms : m_HasSpacedRhythms) = true;
     }
@@ -64,15 +61,6 @@ void ScoreGeneration::GenerateBar(const TabBar& bar, TreeNode& bars) {
         m_ScoreBars.end(), static_cast<std::size_t>(written.m_BarCount),
         ScoreBar{
             .m_TabBar = &bar, .m_Length = music.m_Length, .m_HasChords = !music.m_Chords.empty()});
-}
-
-void ScoreGeneration::ReadMusic(BarMusic& music) const {
-    const TabText& text = m_Tab.GetText();
-    FindRhythmIndication(m_Tab, music);
-    PrepareEvents(text, music);
-    AssignTimings(music, m_Level);
-    FindChords(text, music);
-    AttachChords(music);
 }
 
 }  // namespace tabulorix

@@ -4,7 +4,6 @@
 
 #include <vector>
 
-#include "BarMusic.h"
 #include "RhythmLevel.h"
 #include "SystemBars.h"
 #include "TabAnalysis.h"
@@ -33,7 +32,6 @@ public:
 private:
     void GenerateBars(TreeNode& bars);
     void GenerateBar(const TabBar& bar, TreeNode& bars);
-    void ReadMusic(BarMusic& music) const;
 
     const TabAnalysis& m_Tab;
     const RhythmLevel m_Level;

@@ -3,15 +3,15 @@
 
 #include "Arithmetic.h"
 #include "RhythmStrategies.h"
+#include "Ticks.h"
 
 namespace tabulorix {
 
 namespace {
 
-constexpr int kEighthTicks = 128;
-constexpr int kRoundTicks = 64;
+constexpr int kRoundTicks = kWholeNoteTicks / 16;
 // As many events as sixteenths are all that a bar is taken to hold.
-constexpr int kShortestNoteTicks = 64;
+constexpr int kShortestNoteTicks = kWholeNoteTicks / 16;
 // An event in one of these columns stands at the bar's start: the bar then lasts from it on.
 constexpr int kStartColumns = 3;
 
@@ -31,8 +31,8 @@ void AssignRunningEighths(BarMusic& music) {
     std::int64_t position = 0;
     for (auto& [column, event] : music.m_Events) {
         event.m_Position = ClampToInt(position);
-        event.m_Length = kEighthTicks;
-        position += kEighthTicks;
+        event.m_Length = kEighthNoteTicks;
+        position += kEighthNoteTicks;
     }
     NoteEvent& last = music.m_Events.rbegin()->second;
     const std::int64_t barEnd =

@@ -1,15 +1,14 @@
 #include "SignatureBuilders.h"
 
 #include <array>
-#include <bit>
 
 #include "ScoreElements.h"
+#include "Ticks.h"
 
 namespace tabulorix {
 
 namespace {
 
-constexpr int kWholeNoteExponent = 10;
 constexpr int kFlagsOfFlaggedClef = 5;
 
 constexpr std::array<std::string_view, 23> kClefStyles = {"Treble",
@@ -48,11 +47,6 @@ STR GetTimeSignatureString(int top, int bottom, int symbolNum) {
     }
 }
 
-int GetLogUnitLength(int bottom) {
-    return kWholeNoteExponent + 1 -
-           static_cast<int>(std::bit_width(static_cast<unsigned>(bottom > 0 ? bottom : 1)));
-}
-
 }  // namespace
 
 TreeNode& AddTimeSignature(TreeNode& items, int sr, int top, int bottom,
@@ -60,7 +54,7 @@ TreeNode& AddTimeSignature(TreeNode& items, int sr, int top, int bottom,
     TreeNode& item = FindOrAddElement(items, {}, "TimeSignature");
     SetItemBasics(item, sr, kAllVoices);
     AddIntField(item, "Top", top);
-    AddIntField(item, "LogUnitLength", GetLogUnitLength(bottom));
+    AddIntField(item, "LogUnitLength", GetUnitExponent(bottom));
     AddTextField(item, "BeatGroups", beatGroups);
     AddIntField(item, "SymbolNum", symbolNum);
     AddTextField(item, "TimeSignatureString", GetTimeSignatureString(top, bottom, symbolNum));

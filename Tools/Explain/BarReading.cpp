@@ -3,13 +3,10 @@
 #include <algorithm>
 #include <set>
 
-#include "BarChords.h"
+#include "BarMusicReading.h"
 #include "BeatPositions.h"
-#include "EventPreparation.h"
 #include "NoteOutput.h"
 #include "NoteValue.h"
-#include "RhythmIndication.h"
-#include "RhythmStrategies.h"
 
 namespace tabulorix {
 
@@ -17,7 +14,7 @@ namespace {
 
 using DurationsOfBars = std::vector<std::vector<Duration>>;
 
-// Adds what is to be shown of the music of one bar, when all of its stages are done.
+// Adds what is to be shown of the music of one bar, which is final.
 class MusicExplainer {
 public:
     MusicExplainer(const BarMusic& music, const DurationsOfBars& durations, BarReading& reading)
@@ -139,15 +136,10 @@ void MusicExplainer::AddUnwrittenEvents(const NoteEvents& played) {
 }  // namespace
 
 BarReading BarReader::ReadNext(const TabBar& bar) {
-    const TabText& text = m_Tab.GetText();
-    BarMusic music(bar);
-    FindRhythmIndication(m_Tab, music);
-    PrepareEvents(text, music);
+    BarMusic music = ReadBarMusic(m_Tab, bar);
     const NoteEvents played = music.m_Events;
-    AssignTimings(music, m_Level);
-    FindChords(text, music);
-    AttachChords(music);
-    const DurationsOfBars durations = CollectDurations(text, music);
+    PlaceInTime(music, m_Level);
+    const DurationsOfBars durations = CollectDurations(m_Tab.GetText(), music);
 
     BarReading reading;
     reading.m_Bar = &bar;

@@ -2,7 +2,7 @@
 
 #include <bit>
 
-#include "TabStave.h"
+#include "Ticks.h"
 
 namespace tabulorix {
 

@@ -66,7 +66,7 @@ int MeasureWriter::GetWrittenLength(const MeasureReading& measure) const noexcep
 void MeasureWriter::WriteAttributes(pugi::xml_node node, const MeasureReading& measure) const {
     pugi::xml_node attributes = node.append_child("attributes");
     if (m_Number == 1) {
-        AddElement(attributes, "divisions", kQuarterTicks);
+        AddElement(attributes, "divisions", kQuarterNoteTicks);
         AddElement(attributes.append_child("key"), "fifths", m_Score.m_Sharps);
     }
     AddTime(attributes, m_Time, measure.m_NewTime.has_value());

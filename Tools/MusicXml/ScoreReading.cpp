@@ -11,7 +11,6 @@ namespace tabulorix {
 namespace {
 
 constexpr int kLargestExponent = 30;
-constexpr int kWholeExponent = 10;
 constexpr int kFirstMusicBar = 1;  // bar 0 holds the signatures of the stave
 
 // An empty node where there is none, so that a way through the document needs no checks.
@@ -74,8 +73,8 @@ void ReadBar(const TreeNode& bar, MeasureReading& measure) {
 }
 
 TimeReading ReadTime(const TreeNode& item) {
-    const int unit = std::clamp(item.GetChildInt("LogUnitLength", 0), 0, kWholeExponent);
-    return {item.GetChildInt("Top", 4), 1 << (kWholeExponent - unit)};
+    const int unit = std::clamp(item.GetChildInt("LogUnitLength", 0), 0, kWholeNoteExponent);
+    return {item.GetChildInt("Top", 4), 1 << (kWholeNoteExponent - unit)};
 }
 
 void ReadSystemBar(const TreeNode& bar, MeasureReading& measure) {

@@ -1,8 +1,8 @@
 // What a finished score document holds, as plain records: the instrument, its tab stave and the
 // bars with their notes.
 //
-// Lengths and positions are ticks, 1024 to a whole note. Texts belong to the document and are valid
-// as long as it is.
+// Lengths and positions are ticks (Ticks.h). Texts belong to the document and are valid as long
+// as it is.
 
 #pragma once
 
@@ -10,12 +10,10 @@
 #include <string_view>
 #include <vector>
 
+#include "Ticks.h"
 #include "TreeNode.h"
 
 namespace tabulorix {
-
-constexpr int kQuarterTicks = 256;
-constexpr int kWholeTicks = 1024;
 
 struct NoteReading {
     int m_Pitch;   // MIDI note number; absurd frets lead beyond 127
@@ -39,7 +37,7 @@ struct TimeReading {
     int m_Top = 4;
     int m_Bottom = 4;
 
-    int GetLength() const noexcept { return m_Top * (kWholeTicks / m_Bottom); }
+    int GetLength() const noexcept { return m_Top * (kWholeNoteTicks / m_Bottom); }
 };
 
 struct MeasureReading {

@@ -12,12 +12,9 @@
 #include <utility>
 #include <vector>
 
-#include "BarChords.h"
-#include "EventPreparation.h"
+#include "BarMusicReading.h"
 #include "FretCharacters.h"
 #include "Log.h"
-#include "RhythmIndication.h"
-#include "RhythmStrategies.h"
 #include "TreeNodeReader.h"
 
 namespace tabulorix {
@@ -112,12 +109,8 @@ inline std::string MakeStave(const std::string& topLine, int lineCount = 6) {
 
 // All that the generation works out for the last of the bars with tab.
 inline BarMusic ReadMusic(const AnalysedTab& tab, RhythmLevel level) {
-    BarMusic music(*tab.m_Analysis.GetTabBars().back());
-    FindRhythmIndication(tab.m_Analysis, music);
-    PrepareEvents(tab.m_Text, music);
-    AssignTimings(music, level);
-    FindChords(tab.m_Text, music);
-    AttachChords(music);
+    BarMusic music = ReadBarMusic(tab.m_Analysis, *tab.m_Analysis.GetTabBars().back());
+    PlaceInTime(music, level);
     return music;
 }
 
