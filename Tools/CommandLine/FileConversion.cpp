@@ -12,6 +12,7 @@
 #include "ScoreTemplate.h"
 #include "TabRecognition.h"
 #include "Terminal.h"
+#include "Wording.h"
 
 namespace tabulorix {
 
@@ -48,10 +49,6 @@ void Require(const FileResult& result, const STR& what) {
 // Byte counts of inputs fit into an int.
 STR Number(std::int64_t value) {
     return STR::FromInt(static_cast<int>(value));
-}
-
-STR Count(int count, const char* noun) {
-    return STR::FromInt(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
 STR ReadInput(const STR& file) {
@@ -99,24 +96,10 @@ void MakeFolders(const STR& folder, std::string_view subfolder) {
     }
 }
 
-const char* Describe(RhythmSource source) {
-    switch (source) {
-        case RhythmSource::RhythmLine:
-            return "rhythms from a rhythm line";
-        case RhythmSource::Spacing:
-            return "rhythms from spacing";
-        case RhythmSource::RhythmLineAndSpacing:
-            return "rhythms from a rhythm line and from spacing";
-        case RhythmSource::NotShown:
-            break;
-    }
-    return "rhythms not shown";
-}
-
 STR Describe(const ConversionSummary& summary) {
     return STR(summary.m_IsBass ? "bass" : "guitar") + ", " + Count(summary.m_StaveCount, "stave") +
            ", " + Count(summary.m_BarCount, "bar") + ", " + Count(summary.m_NoteCount, "note") +
-           ", " + Describe(summary.m_RhythmSource);
+           ", " + DescribeRhythms(summary.m_HasIndicatedRhythms, summary.m_HasSpacedRhythms);
 }
 
 }  // namespace
@@ -158,7 +141,7 @@ void FileConverter::ConvertFile(const InputFile& file) {
     const std::unique_ptr<TreeNode> document = MakeDocument();
     converter.FillScore(bytes, *document);
     if (converter.GetSummary().m_StaveCount == 0) {
-        RefuseAs(Outcome::WithoutStave, "there is no tab stave in it, so it has no score");
+        RefuseAs(Outcome::WithoutStave, kNoStave);
     }
     const ScoreTarget target = ChooseTarget(file);
     CheckReplacesNothingNeeded(target);

@@ -6,6 +6,7 @@
 #include "Ascii.h"
 #include "Messages.h"
 #include "StaveFinder.h"
+#include "Wording.h"
 
 namespace tabulorix {
 
@@ -27,10 +28,6 @@ std::vector<int> ReadNumbers(std::string_view text) {
         wasDigit = IsDigit(c);
     }
     return numbers;
-}
-
-std::string CountDashes(int count) {
-    return std::to_string(count) + (count == 1 ? " dash" : " dashes");
 }
 
 }  // namespace
@@ -78,7 +75,7 @@ std::string ExplainMessage(const MessageRecorder::Message& message, const Dashed
     const std::string text(message.m_Text.View());
     const LineRange& lines = message.m_Lines;
     if (message.m_Id == TABULORIX_MESSAGE_LINE_IGNORED) {
-        return text + " (" + CountDashes(runs.GetDashCount(lines.m_First)) +
+        return text + " (" + Count(runs.GetDashCount(lines.m_First), "dash", "es") +
                ", where a line beside it has " +
                std::to_string(runs.GetMostDashesBeside(lines.m_First)) +
                "; more blanks than those, and no string name where they have one)";

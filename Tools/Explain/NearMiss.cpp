@@ -7,6 +7,7 @@
 
 #include "StaveFinder.h"
 #include "Utf8.h"
+#include "Wording.h"
 
 namespace tabulorix {
 
@@ -118,7 +119,7 @@ void ShowNearestLines(std::string_view bytes, Explanation& explanation) {
     for (const int line : FindNearestLines(text, runs)) {
         ExplainedRow row{line + 1, {}, {}, {}};
         const int dashes = runs.GetDashCount(line);
-        row.m_Margin = std::to_string(dashes) + (dashes == 1 ? " dash" : " dashes");
+        row.m_Margin = Count(dashes, "dash", "es");
         row.m_Text = text.GetLine(line).substr(0, kMostColumnsShown);
         explanation.m_Rows.push_back(std::move(row));
     }
@@ -163,7 +164,7 @@ Explanation ExplainRefusal(std::string_view bytes, const TabRecognition& found) 
 
 void ExplainMissingStave(std::string_view bytes, const DashedRuns& runs, Explanation& explanation) {
     std::vector<std::string>& summary = explanation.m_Summary;
-    summary.emplace_back("there is no tab stave in it, so it has no score");
+    summary.emplace_back(kNoStave);
     summary.push_back("a stave takes " + std::to_string(kFewestStaveLines) +
                       " lines below each other with two dashes or more: " + DescribeRuns(runs));
     MentionLoneReturns(bytes, summary);
