@@ -51,12 +51,6 @@ STR Number(std::int64_t value) {
     return STR::FromInt(static_cast<int>(value));
 }
 
-STR ReadInput(const STR& file) {
-    FileContents contents = file == kStandardStream ? ReadStandardInput() : ReadWholeFile(file);
-    Require(contents.m_Result, "cannot be read");
-    return contents.m_Bytes;
-}
-
 void CheckIsTab(std::string_view bytes) {
     const TabRecognition found = RecognizeTab(bytes);
     if (found.IsTab()) {
@@ -113,7 +107,7 @@ FileConverter::FileConverter(const Arguments& arguments, const std::vector<Input
 }
 
 Outcome FileConverter::Convert(const InputFile& file) {
-    m_Output.StartFile(file.m_Path == kStandardStream ? STR("standard input") : file.m_Path);
+    m_Output.StartFile(GetShownName(file.m_Path));
     try {
         ConvertFile(file);
         return Outcome::Converted;
@@ -135,11 +129,12 @@ Outcome FileConverter::Convert(const InputFile& file) {
 }
 
 void FileConverter::ConvertFile(const InputFile& file) {
-    const STR bytes = ReadInput(file.m_Path);
-    CheckIsTab(bytes);
+    const FileContents contents = ReadInput(file.m_Path);
+    Require(contents.m_Result, "cannot be read");
+    CheckIsTab(contents.m_Bytes);
     Converter converter(m_Output, m_Arguments.m_RhythmLevel);
     const std::unique_ptr<TreeNode> document = MakeDocument();
-    converter.FillScore(bytes, *document);
+    converter.FillScore(contents.m_Bytes, *document);
     if (converter.GetSummary().m_StaveCount == 0) {
         RefuseAs(Outcome::WithoutStave, kNoStave);
     }
