@@ -24,8 +24,7 @@ struct OtherByte {
 OtherByte FindCommonestOtherByte(std::string_view bytes) {
     std::array<std::int64_t, 256> counts{};
     for (const char c : bytes) {
-        const bool isText = (c >= ' ' && c <= '~') || c == '\t' || c == '\n' || c == '\r';
-        counts[static_cast<unsigned char>(c)] += isText ? 0 : 1;
+        counts[static_cast<unsigned char>(c)] += IsTextByte(c) ? 0 : 1;
     }
     const auto most = std::max_element(counts.begin(), counts.end());
     return {static_cast<unsigned>(most - counts.begin()), *most};
