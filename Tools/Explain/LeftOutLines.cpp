@@ -12,8 +12,6 @@ namespace tabulorix {
 
 namespace {
 
-constexpr int kFewestDashes = 2;
-
 // The line numbers in a message, which are all the numbers in it.
 std::vector<int> ReadNumbers(std::string_view text) {
     std::vector<int> numbers;
@@ -46,20 +44,15 @@ void MessageRecorder::ReportResult(const ResId& message, int /*kind*/, const STR
 DashedRuns::DashedRuns(const TabText& text) {
     for (int line = 0; line < text.GetLineCount(); ++line) {
         const std::string_view characters = text.GetLine(line);
-        const auto dashes = static_cast<int>(std::count(characters.begin(), characters.end(), '-'));
-        m_DashCounts.push_back(dashes);
-        if (dashes < kFewestDashes) {
-            continue;
-        }
-        ++m_LineCount;
-        if (m_Runs.empty() || m_Runs.back().m_Lines.GetLast() != line - 1) {
-            m_Runs.push_back({{line, 0}, 0});
-        }
-        Run& run = m_Runs.back();
-        ++run.m_Lines.m_Count;
-        run.m_MostDashes = std::max(run.m_MostDashes, dashes);
-        if (run.m_Lines.m_Count > m_Longest.m_Count) {
-            m_Longest = run.m_Lines;
+        const auto dashes = std::count(characters.begin(), characters.end(), '-');
+        m_DashCounts.push_back(static_cast<int>(dashes));
+    }
+    for (const LineRange& lines : FindCandidateRuns(text)) {
+        const auto first = m_DashCounts.begin() + lines.m_First;
+        m_Runs.push_back({lines, *std::max_element(first, first + lines.m_Count)});
+        m_LineCount += lines.m_Count;
+        if (lines.m_Count > m_Longest.m_Count) {
+            m_Longest = lines;
         }
     }
 }
