@@ -12,18 +12,20 @@ namespace tabulorix {
 
 namespace {
 
-// The line numbers in a message, which are all the numbers in it.
-std::vector<int> ReadNumbers(std::string_view text) {
+// The line numbers in the text of a message, which stand where its pattern has "%1" and "%2".
+std::vector<int> ReadLineNumbers(std::string_view pattern, std::string_view text) {
     std::vector<int> numbers;
-    bool wasDigit = false;
-    for (const char c : text) {
-        if (IsDigit(c)) {
-            if (!wasDigit) {
-                numbers.push_back(0);
-            }
-            numbers.back() = AppendDigit(numbers.back(), c - '0');
+    while (!pattern.empty() && !text.empty()) {
+        if (!pattern.starts_with("%1") && !pattern.starts_with("%2")) {
+            pattern.remove_prefix(1);
+            text.remove_prefix(1);
+            continue;
         }
-        wasDigit = IsDigit(c);
+        pattern.remove_prefix(2);
+        numbers.push_back(0);
+        for (; !text.empty() && IsDigit(text.front()); text.remove_prefix(1)) {
+            numbers.back() = AppendDigit(numbers.back(), text.front() - '0');
+        }
     }
     return numbers;
 }
@@ -34,7 +36,7 @@ void MessageRecorder::SetProgress(int /*percent*/, const STR& /*caption*/) {}
 
 void MessageRecorder::ReportResult(const ResId& message, int /*kind*/, const STR& text,
                                    int /*repeat*/) {
-    const std::vector<int> numbers = ReadNumbers(text);
+    const std::vector<int> numbers = ReadLineNumbers(message.GetString(), text);
     if (!numbers.empty()) {
         const int first = numbers.front();
         m_Messages.push_back({message.GetId(), {first - 1, numbers.back() - first + 1}, text});
