@@ -3,7 +3,6 @@
 #include "Messages.h"
 #include "StaveBars.h"
 #include "StaveTuning.h"
-#include "TabRun.h"
 
 namespace tabulorix {
 
@@ -11,15 +10,9 @@ namespace {
 
 constexpr int kLinesPerStave = 6;
 
-std::vector<int> FindCandidateLines(const TabText& text) {
-    std::vector<int> lines;
-    for (int line = 0; line < text.GetLineCount(); ++line) {
-        const int first = text.FindChar(line, 0, '-');
-        if (first >= 0 && text.FindChar(line, first + 1, '-') >= 0) {
-            lines.push_back(line);
-        }
-    }
-    return lines;
+bool IsCandidate(const TabText& text, int line) {
+    const int first = text.FindChar(line, 0, '-');
+    return first >= 0 && text.FindChar(line, first + 1, '-') >= 0;
 }
 
 STR LineNumberText(int line) {
@@ -85,15 +78,23 @@ void CheckRun(const TabText& text, LineRange run, FoundStaves& found) {
 
 }  // namespace
 
-FoundStaves FindStaves(const TabText& text) {
-    const std::vector<int> candidates = FindCandidateLines(text);
-    FoundStaves found;
-    for (std::size_t i = 0; i < candidates.size();) {
-        LineRange run{candidates[i], 0};
-        while (i < candidates.size() && candidates[i] == run.m_First + run.m_Count) {
-            ++run.m_Count;
-            ++i;
+std::vector<LineRange> FindCandidateRuns(const TabText& text) {
+    std::vector<LineRange> runs;
+    for (int line = 0; line < text.GetLineCount(); ++line) {
+        if (!IsCandidate(text, line)) {
+            continue;
         }
+        if (runs.empty() || runs.back().GetLast() != line - 1) {
+            runs.push_back({line, 0});
+        }
+        ++runs.back().m_Count;
+    }
+    return runs;
+}
+
+FoundStaves FindStaves(const TabText& text) {
+    FoundStaves found;
+    for (const LineRange& run : FindCandidateRuns(text)) {
         CheckRun(text, run, found);
     }
     return found;

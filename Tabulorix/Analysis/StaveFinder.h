@@ -8,6 +8,7 @@
 
 #include <vector>
 
+#include "TabRun.h"
 #include "TabStave.h"
 #include "TabText.h"
 
@@ -20,6 +21,9 @@ struct FoundStaves {
     TabStaves m_Staves;           // top to bottom, with their bars and tunings
     std::vector<int> m_TabLines;  // the lines of the staves, ascending
 };
+
+// From the top; each is as long as it can be.
+std::vector<LineRange> FindCandidateRuns(const TabText& text);
 
 // Dropped lines and runs are reported as messages to the text's output, run by run from the top.
 FoundStaves FindStaves(const TabText& text);

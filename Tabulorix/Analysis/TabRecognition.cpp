@@ -4,13 +4,9 @@
 
 namespace tabulorix {
 
-namespace {
-
 bool IsTextByte(char c) noexcept {
     return (c >= ' ' && c <= '~') || c == '\t' || c == '\n' || c == '\r';
 }
-
-}  // namespace
 
 int TabRecognition::GetTextPercent() const noexcept {
     return static_cast<int>(m_TextByteCount * 100 / std::max<std::int64_t>(m_ByteCount, 1));

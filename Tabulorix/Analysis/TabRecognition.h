@@ -8,13 +8,15 @@
 
 namespace tabulorix {
 
+// Printable ASCII, TAB and the characters of line ends.
+bool IsTextByte(char c) noexcept;
+
 struct TabRecognition {
     // A line with more dashes than this looks like a string; other characters may stand between.
     static constexpr int kMostDashesInProse = 10;
     static constexpr int kLeastTextPercent = 95;
 
     std::int64_t m_ByteCount = 0;
-    // Printable ASCII, TAB and the characters of line ends.
     std::int64_t m_TextByteCount = 0;
     // The most dashes between two line ends.
     std::int64_t m_MostDashesOnLine = 0;

@@ -15,14 +15,6 @@ constexpr int kTextAnalysed = 10;
 constexpr int kScorePrepared = 20;
 constexpr int kScoreGenerated = 80;
 
-RhythmSource GetRhythmSource(const ScoreGeneration& generation) {
-    if (generation.HasIndicatedRhythms()) {
-        return generation.HasSpacedRhythms() ? RhythmSource::RhythmLineAndSpacing
-                                             : RhythmSource::RhythmLine;
-    }
-    return generation.HasSpacedRhythms() ? RhythmSource::Spacing : RhythmSource::NotShown;
-}
-
 // Nobody may be given half a score, nor is it written over anything.
 void WriteScore(const TreeNode& document, const STR& scorePath) {
     const FileResult written = document.WriteToNewFile(scorePath);
@@ -63,7 +55,8 @@ bool Converter::FillScore(std::string_view bytes, TreeNode& document) {
                  .m_StaveCount = static_cast<int>(analysis.GetStaves().size()),
                  .m_BarCount = generation.GetBarCount(),
                  .m_NoteCount = generation.GetNoteCount(),
-                 .m_RhythmSource = GetRhythmSource(generation)};
+                 .m_HasIndicatedRhythms = generation.HasIndicatedRhythms(),
+                 .m_HasSpacedRhythms = generation.HasSpacedRhythms()};
     m_Output.SetProgress(kScoreGenerated, {});
     return hasBars;
 }

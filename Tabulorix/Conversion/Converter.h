@@ -11,16 +11,15 @@
 
 namespace tabulorix {
 
-// Where the rhythms of a score come from.
-enum class RhythmSource { NotShown, RhythmLine, Spacing, RhythmLineAndSpacing };
-
 // What a conversion found, for a line to the user.
 struct ConversionSummary {
     bool m_IsBass = false;
     int m_StaveCount = 0;  // of the tab; the score has one stave
     int m_BarCount = 0;    // of the score
     int m_NoteCount = 0;   // tied notes count once
-    RhythmSource m_RhythmSource = RhythmSource::NotShown;
+    // Where the rhythms come from, which may be both; neither when they are not shown.
+    bool m_HasIndicatedRhythms = false;
+    bool m_HasSpacedRhythms = false;
 };
 
 class Converter {

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "FileSystem.h"
+#include "InputFile.h"
 #include "MusicXml.h"
 
 namespace tabulorix {
@@ -83,12 +84,6 @@ private:
 bool CanBeFolder(const STR& output) {
     const PathKind kind = GetPathKind(output);
     return output != kStandardStream && (kind == PathKind::Folder || kind == PathKind::Nothing);
-}
-
-bool HasFolder(const std::vector<STR>& files) {
-    return std::any_of(files.begin(), files.end(), [](const STR& file) {
-        return file != kStandardStream && GetPathKind(file) == PathKind::Folder;
-    });
 }
 
 STR Quoted(std::string_view text) {
@@ -195,16 +190,16 @@ void ArgumentReader::CheckFiles() {
         Complain("a file name is empty");
     } else if (std::count(files.begin(), files.end(), STR(kStandardStream)) > 1) {
         Complain("standard input can be named once only");
-    } else if (m_Result.m_Explanation != ExplanationKind::None && HasFolder(files)) {
+    } else if (m_Result.m_Explanation != ExplanationKind::None && NamesFolder(m_Result)) {
         Complain("--explain takes files, not folders");
-    } else if (files.size() > 1 && HasFolder(files) &&
+    } else if (files.size() > 1 && NamesFolder(m_Result) &&
                std::count(files.begin(), files.end(), STR(kStandardStream)) > 0) {
         Complain("standard input cannot be named beside a folder");
     } else if (files.size() > 1 && m_Result.m_Explanation == ExplanationKind::None &&
                !CanBeFolder(m_Result.m_Output)) {
         Complain(STR("the output of several files must be a folder, not ") +
                  Quoted(m_Result.m_Output));
-    } else if (GetPathKind(files.front()) == PathKind::Folder && !CanBeFolder(m_Result.m_Output)) {
+    } else if (IsFolder(files.front()) && !CanBeFolder(m_Result.m_Output)) {
         Complain(STR("the output of a folder must be a folder, not ") + Quoted(m_Result.m_Output));
     }
 }
@@ -234,6 +229,10 @@ Arguments ArgumentReader::Read() {
 
 Arguments ReadArguments(int count, const char* const* texts) {
     return ArgumentReader(count, texts).Read();
+}
+
+bool NamesFolder(const Arguments& arguments) {
+    return std::any_of(arguments.m_Files.begin(), arguments.m_Files.end(), IsFolder);
 }
 
 const char* GetHelpText() noexcept {

@@ -10,9 +10,6 @@
 
 namespace tabulorix {
 
-// Stands for standard input among the files, and for standard output as the output.
-constexpr const char* kStandardStream = "-";
-
 // Whether the files are explained instead of converted, and how that is shown.
 enum class ExplanationKind { None, Text, Html };
 
@@ -33,6 +30,9 @@ struct Arguments {
 // Options and files in any order; the last of contradicting options counts. Looks at the file
 // system only to tell whether a file is a folder, and its output or that of several files too.
 Arguments ReadArguments(int count, const char* const* texts);
+
+// Whether one of the files is a folder.
+bool NamesFolder(const Arguments& arguments);
 
 // With the line end.
 const char* GetHelpText() noexcept;

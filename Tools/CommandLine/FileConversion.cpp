@@ -12,6 +12,7 @@
 #include "ScoreTemplate.h"
 #include "TabRecognition.h"
 #include "Terminal.h"
+#include "Wording.h"
 
 namespace tabulorix {
 
@@ -48,16 +49,6 @@ void Require(const FileResult& result, const STR& what) {
 // Byte counts of inputs fit into an int.
 STR Number(std::int64_t value) {
     return STR::FromInt(static_cast<int>(value));
-}
-
-STR Count(int count, const char* noun) {
-    return STR::FromInt(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
-STR ReadInput(const STR& file) {
-    FileContents contents = file == kStandardStream ? ReadStandardInput() : ReadWholeFile(file);
-    Require(contents.m_Result, "cannot be read");
-    return contents.m_Bytes;
 }
 
 void CheckIsTab(std::string_view bytes) {
@@ -99,24 +90,10 @@ void MakeFolders(const STR& folder, std::string_view subfolder) {
     }
 }
 
-const char* Describe(RhythmSource source) {
-    switch (source) {
-        case RhythmSource::RhythmLine:
-            return "rhythms from a rhythm line";
-        case RhythmSource::Spacing:
-            return "rhythms from spacing";
-        case RhythmSource::RhythmLineAndSpacing:
-            return "rhythms from a rhythm line and from spacing";
-        case RhythmSource::NotShown:
-            break;
-    }
-    return "rhythms not shown";
-}
-
 STR Describe(const ConversionSummary& summary) {
     return STR(summary.m_IsBass ? "bass" : "guitar") + ", " + Count(summary.m_StaveCount, "stave") +
            ", " + Count(summary.m_BarCount, "bar") + ", " + Count(summary.m_NoteCount, "note") +
-           ", " + Describe(summary.m_RhythmSource);
+           ", " + DescribeRhythms(summary.m_HasIndicatedRhythms, summary.m_HasSpacedRhythms);
 }
 
 }  // namespace
@@ -130,7 +107,7 @@ FileConverter::FileConverter(const Arguments& arguments, const std::vector<Input
 }
 
 Outcome FileConverter::Convert(const InputFile& file) {
-    m_Output.StartFile(file.m_Path == kStandardStream ? STR("standard input") : file.m_Path);
+    m_Output.StartFile(GetShownName(file.m_Path));
     try {
         ConvertFile(file);
         return Outcome::Converted;
@@ -152,13 +129,14 @@ Outcome FileConverter::Convert(const InputFile& file) {
 }
 
 void FileConverter::ConvertFile(const InputFile& file) {
-    const STR bytes = ReadInput(file.m_Path);
-    CheckIsTab(bytes);
+    const FileContents contents = ReadInput(file.m_Path);
+    Require(contents.m_Result, "cannot be read");
+    CheckIsTab(contents.m_Bytes);
     Converter converter(m_Output, m_Arguments.m_RhythmLevel);
     const std::unique_ptr<TreeNode> document = MakeDocument();
-    converter.FillScore(bytes, *document);
+    converter.FillScore(contents.m_Bytes, *document);
     if (converter.GetSummary().m_StaveCount == 0) {
-        RefuseAs(Outcome::WithoutStave, "there is no tab stave in it, so it has no score");
+        RefuseAs(Outcome::WithoutStave, kNoStave);
     }
     const ScoreTarget target = ChooseTarget(file);
     CheckReplacesNothingNeeded(target);

@@ -8,6 +8,7 @@
 #include "ExplanationPage.h"
 #include "FileName.h"
 #include "FileSystem.h"
+#include "InputFile.h"
 #include "Terminal.h"
 
 namespace tabulorix {
@@ -53,11 +54,10 @@ bool FileExplainer::Check(const FileResult& result, const STR& problem) {
 }
 
 bool FileExplainer::ExplainFile(const STR& file) {
-    const STR name = file == kStandardStream ? STR("standard input") : file;
+    const STR name = GetShownName(file);
     m_Output.StartFile(name);
     try {
-        const FileContents contents =
-            file == kStandardStream ? ReadStandardInput() : ReadWholeFile(file);
+        const FileContents contents = ReadInput(file);
         if (!Check(contents.m_Result, "cannot be read")) {
             return false;
         }

@@ -6,17 +6,13 @@
 
 #include "Exceptions.h"
 #include "FileConversion.h"
-#include "FileSystem.h"
+#include "InputFile.h"
 #include "TabFolder.h"
 #include "Terminal.h"
 
 namespace tabulorix {
 
 namespace {
-
-bool IsFolder(const STR& path) {
-    return path != kStandardStream && GetPathKind(path) == PathKind::Folder;
-}
 
 // How many files came to which end.
 class Tally {
@@ -153,10 +149,6 @@ bool FolderRun::Run() {
 }
 
 }  // namespace
-
-bool NamesFolder(const Arguments& arguments) {
-    return std::any_of(arguments.m_Files.begin(), arguments.m_Files.end(), IsFolder);
-}
 
 bool ConvertFolders(const Arguments& arguments, ConsoleOutput& output) {
     return FolderRun(arguments, output).Run();

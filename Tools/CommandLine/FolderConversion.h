@@ -16,8 +16,6 @@
 
 namespace tabulorix {
 
-bool NamesFolder(const Arguments& arguments);
-
 // Converts the named files and the tab files of the named folders, then prints the table, which
 // comes too when an end of the program was asked for. True when everything was converted; a file
 // that was only tried, and is no tab, does not count.

@@ -1,10 +1,21 @@
-// One of the files that a run converts, and how it came to be one.
+// The inputs of a run: what their paths stand for, and how each came to be one.
 
 #pragma once
 
+#include "FileSystem.h"
 #include "STR.h"
 
 namespace tabulorix {
+
+// Stands for standard input among the inputs, and for standard output as the output.
+constexpr const char* kStandardStream = "-";
+
+// These take the path of an input, which may be "-".
+
+bool IsFolder(const STR& path);
+// As messages name it.
+STR GetShownName(const STR& path);
+FileContents ReadInput(const STR& path);
 
 struct InputFile {
     enum class Origin {

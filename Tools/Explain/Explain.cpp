@@ -6,14 +6,11 @@
 #include "Ascii.h"
 #include "NearMiss.h"
 #include "TabReading.h"
+#include "Wording.h"
 
 namespace tabulorix {
 
 namespace {
-
-std::string Count(int count, const std::string& noun) {
-    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
 
 // "E2" for a Chrom2 pitch; middle C is C4.
 std::string GetPitchName(int chrom2) {
@@ -24,20 +21,14 @@ std::string GetPitchName(int chrom2) {
     return kNames[pitch % kSemitones] + std::to_string(pitch / kSemitones - 1);
 }
 
-std::string DescribeRhythms(const TabReading& tab) {
-    if (tab.HasIndicatedRhythms()) {
-        return tab.HasSpacedRhythms() ? "rhythms from a rhythm line and from spacing"
-                                      : "rhythms from a rhythm line";
-    }
-    return tab.HasSpacedRhythms() ? "rhythms from spacing"
-                                  : "rhythms not shown, so that every note is an eighth";
-}
-
 void Summarize(const TabReading& tab, std::vector<std::string>& summary) {
     const std::size_t staves = tab.GetStaves().size();
+    const bool hasIndicated = tab.HasIndicatedRhythms();
+    const bool hasSpaced = tab.HasSpacedRhythms();
     summary.push_back(Count(static_cast<int>(staves), "stave") + ", " +
                       Count(tab.GetBarCount(), "bar") + ", " + Count(tab.GetNoteCount(), "note") +
-                      ", " + DescribeRhythms(tab));
+                      ", " + DescribeRhythms(hasIndicated, hasSpaced) +
+                      (hasIndicated || hasSpaced ? "" : ", so that every note is an eighth"));
     if (tab.GetReadStaveCount() < staves) {
         summary.push_back(
             "so many staves share their lines that bars and notes are told up to stave " +

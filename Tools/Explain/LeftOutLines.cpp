@@ -6,31 +6,28 @@
 #include "Ascii.h"
 #include "Messages.h"
 #include "StaveFinder.h"
+#include "Wording.h"
 
 namespace tabulorix {
 
 namespace {
 
-constexpr int kFewestDashes = 2;
-
-// The line numbers in a message, which are all the numbers in it.
-std::vector<int> ReadNumbers(std::string_view text) {
+// The line numbers in the text of a message, which stand where its pattern has "%1" and "%2".
+std::vector<int> ReadLineNumbers(std::string_view pattern, std::string_view text) {
     std::vector<int> numbers;
-    bool wasDigit = false;
-    for (const char c : text) {
-        if (IsDigit(c)) {
-            if (!wasDigit) {
-                numbers.push_back(0);
-            }
-            numbers.back() = AppendDigit(numbers.back(), c - '0');
+    while (!pattern.empty() && !text.empty()) {
+        if (!pattern.starts_with("%1") && !pattern.starts_with("%2")) {
+            pattern.remove_prefix(1);
+            text.remove_prefix(1);
+            continue;
         }
-        wasDigit = IsDigit(c);
+        pattern.remove_prefix(2);
+        numbers.push_back(0);
+        for (; !text.empty() && IsDigit(text.front()); text.remove_prefix(1)) {
+            numbers.back() = AppendDigit(numbers.back(), text.front() - '0');
+        }
     }
     return numbers;
-}
-
-std::string CountDashes(int count) {
-    return std::to_string(count) + (count == 1 ? " dash" : " dashes");
 }
 
 }  // namespace
@@ -39,7 +36,7 @@ void MessageRecorder::SetProgress(int /*percent*/, const STR& /*caption*/) {}
 
 void MessageRecorder::ReportResult(const ResId& message, int /*kind*/, const STR& text,
                                    int /*repeat*/) {
-    const std::vector<int> numbers = ReadNumbers(text);
+    const std::vector<int> numbers = ReadLineNumbers(message.GetString(), text);
     if (!numbers.empty()) {
         const int first = numbers.front();
         m_Messages.push_back({message.GetId(), {first - 1, numbers.back() - first + 1}, text});
@@ -49,20 +46,15 @@ void MessageRecorder::ReportResult(const ResId& message, int /*kind*/, const STR
 DashedRuns::DashedRuns(const TabText& text) {
     for (int line = 0; line < text.GetLineCount(); ++line) {
         const std::string_view characters = text.GetLine(line);
-        const auto dashes = static_cast<int>(std::count(characters.begin(), characters.end(), '-'));
-        m_DashCounts.push_back(dashes);
-        if (dashes < kFewestDashes) {
-            continue;
-        }
-        ++m_LineCount;
-        if (m_Runs.empty() || m_Runs.back().m_Lines.GetLast() != line - 1) {
-            m_Runs.push_back({{line, 0}, 0});
-        }
-        Run& run = m_Runs.back();
-        ++run.m_Lines.m_Count;
-        run.m_MostDashes = std::max(run.m_MostDashes, dashes);
-        if (run.m_Lines.m_Count > m_Longest.m_Count) {
-            m_Longest = run.m_Lines;
+        const auto dashes = std::count(characters.begin(), characters.end(), '-');
+        m_DashCounts.push_back(static_cast<int>(dashes));
+    }
+    for (const LineRange& lines : FindCandidateRuns(text)) {
+        const auto first = m_DashCounts.begin() + lines.m_First;
+        m_Runs.push_back({lines, *std::max_element(first, first + lines.m_Count)});
+        m_LineCount += lines.m_Count;
+        if (lines.m_Count > m_Longest.m_Count) {
+            m_Longest = lines;
         }
     }
 }
@@ -78,7 +70,7 @@ std::string ExplainMessage(const MessageRecorder::Message& message, const Dashed
     const std::string text(message.m_Text.View());
     const LineRange& lines = message.m_Lines;
     if (message.m_Id == TABULORIX_MESSAGE_LINE_IGNORED) {
-        return text + " (" + CountDashes(runs.GetDashCount(lines.m_First)) +
+        return text + " (" + Count(runs.GetDashCount(lines.m_First), "dash", "es") +
                ", where a line beside it has " +
                std::to_string(runs.GetMostDashesBeside(lines.m_First)) +
                "; more blanks than those, and no string name where they have one)";

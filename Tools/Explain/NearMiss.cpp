@@ -7,6 +7,7 @@
 
 #include "StaveFinder.h"
 #include "Utf8.h"
+#include "Wording.h"
 
 namespace tabulorix {
 
@@ -23,8 +24,7 @@ struct OtherByte {
 OtherByte FindCommonestOtherByte(std::string_view bytes) {
     std::array<std::int64_t, 256> counts{};
     for (const char c : bytes) {
-        const bool isText = (c >= ' ' && c <= '~') || c == '\t' || c == '\n' || c == '\r';
-        counts[static_cast<unsigned char>(c)] += isText ? 0 : 1;
+        counts[static_cast<unsigned char>(c)] += IsTextByte(c) ? 0 : 1;
     }
     const auto most = std::max_element(counts.begin(), counts.end());
     return {static_cast<unsigned>(most - counts.begin()), *most};
@@ -118,7 +118,7 @@ void ShowNearestLines(std::string_view bytes, Explanation& explanation) {
     for (const int line : FindNearestLines(text, runs)) {
         ExplainedRow row{line + 1, {}, {}, {}};
         const int dashes = runs.GetDashCount(line);
-        row.m_Margin = std::to_string(dashes) + (dashes == 1 ? " dash" : " dashes");
+        row.m_Margin = Count(dashes, "dash", "es");
         row.m_Text = text.GetLine(line).substr(0, kMostColumnsShown);
         explanation.m_Rows.push_back(std::move(row));
     }
@@ -163,7 +163,7 @@ Explanation ExplainRefusal(std::string_view bytes, const TabRecognition& found) 
 
 void ExplainMissingStave(std::string_view bytes, const DashedRuns& runs, Explanation& explanation) {
     std::vector<std::string>& summary = explanation.m_Summary;
-    summary.emplace_back("there is no tab stave in it, so it has no score");
+    summary.emplace_back(kNoStave);
     summary.push_back("a stave takes " + std::to_string(kFewestStaveLines) +
                       " lines below each other with two dashes or more: " + DescribeRuns(runs));
     MentionLoneReturns(bytes, summary);
