@@ -61,7 +61,7 @@ def report_tree(program):
 
 
 def report_stages(program):
-    best = run_benchmarks(program, "Parse|Generate|Import", 3)
+    best = run_benchmarks(program, "Parse|Generate|Import", 6)
     notes = {lines: best[f"Generate/{lines}"]["notes"] for lines in LENGTHS}
     print("The stages (microseconds of CPU)")
     print(f"  {'':12}{'lines':>8}{'notes':>8}{'in all':>12}{'per line':>10}{'per note':>10}{'growth':>8}")
