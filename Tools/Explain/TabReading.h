@@ -34,7 +34,6 @@ public:
     TabReading(std::string_view bytes, RhythmLevel level);
 
     const TabText& GetText() const noexcept { return m_Text; }
-    const TabAnalysis& GetAnalysis() const noexcept { return m_Analysis; }
     const std::vector<StaveReading>& GetStaves() const noexcept { return m_Staves; }
     const LineRoles& GetRoles() const noexcept { return m_Roles; }
     const std::vector<MessageRecorder::Message>& GetMessages() const noexcept {

@@ -9,6 +9,17 @@ namespace tabulorix {
 
 namespace {
 
+// Whether the work came to its end. Lack of memory ends the program, which says so.
+template <class Work>
+bool RunCommandLine(Work work) {
+    try {
+        ConsoleOutput output({true, false});
+        return work(output);
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
 // The command line's conversions, over an earlier score.
 class ConversionScene : public Scene {
 public:
@@ -29,13 +40,10 @@ public:
     }
 
     void Run() {
-        m_IsConverted = false;
-        try {
-            ConsoleOutput output({true, false});
-            m_IsConverted = FileConverter(m_Arguments, m_Files, output).Convert(m_Files[0]) ==
-                            Outcome::Converted;
-        } catch (const std::bad_alloc&) {  // the program ends and says so
-        }
+        m_IsConverted = RunCommandLine([this](ConsoleOutput& output) {
+            return FileConverter(m_Arguments, m_Files, output).Convert(m_Files[0]) ==
+                   Outcome::Converted;
+        });
     }
 
     bool IsComplete() const { return m_IsConverted; }
@@ -85,12 +93,8 @@ public:
     }
 
     void Run() {
-        m_IsConverted = false;
-        try {
-            ConsoleOutput output({true, false});
-            m_IsConverted = ConvertFolders(m_Arguments, output);
-        } catch (const std::bad_alloc&) {  // the program ends and says so
-        }
+        m_IsConverted = RunCommandLine(
+            [this](ConsoleOutput& output) { return ConvertFolders(m_Arguments, output); });
     }
 
     bool IsComplete() const { return m_IsConverted; }
